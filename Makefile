@@ -1,0 +1,52 @@
+# Thin layer over the CMake presets. `make test` is all a fresh Debian 12 machine needs.
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+FUZZ_SECONDS ?= 20
+
+.PHONY: all deps build test test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
+
+all: build
+
+deps:
+	bash scripts/install-deps.sh
+
+build: deps
+	cmake --preset dev
+	cmake --build --preset dev -j $(JOBS)
+
+test: build
+	ctest --preset dev -j $(JOBS)
+
+test-sanitize: deps
+	cmake --preset sanitize
+	cmake --build --preset sanitize -j $(JOBS)
+	ctest --preset sanitize -j $(JOBS)
+
+bench-build: deps
+	cmake --preset bench
+	cmake --build --preset bench -j $(JOBS)
+
+bench: bench-build
+	bash scripts/run-bench.sh build/bench
+
+fuzz: deps
+	cmake --preset fuzz
+	cmake --build --preset fuzz -j $(JOBS)
+
+fuzz-run: fuzz
+	bash scripts/run-fuzz.sh build/fuzz $(FUZZ_SECONDS)
+
+consumer: build
+	bash scripts/check-consumer.sh build/dev
+
+demo: build
+	@if [ -x scripts/demo.sh ]; then bash scripts/demo.sh build/dev; \
+	else echo "The command-line tour is not built yet; run 'make test'."; fi
+
+install: build
+	cmake --install build/dev
+
+format:
+	git ls-files '*.cpp' '*.hpp' | xargs clang-format -i
+
+clean:
+	rm -rf build

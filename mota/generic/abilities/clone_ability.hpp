@@ -1,0 +1,30 @@
+// Mix-in for objects that can copy themselves polymorphically. Derived classes override
+// clone() with their own pointer type (covariant return); the caller owns the copy.
+//
+//   mota::types::variant_type* copy = value->clone();
+#ifndef MOTA_GENERIC_ABILITIES_CLONE_ABILITY_HPP
+#define MOTA_GENERIC_ABILITIES_CLONE_ABILITY_HPP
+
+#include <mota/export.hpp>
+
+namespace MOTA_2_18 {
+namespace generic {
+namespace abilities {
+
+class MOTA_API clone_ability {
+ public:
+  virtual ~clone_ability() = default;
+  // A new, independent heap copy of this object.
+  virtual clone_ability* clone() const = 0;
+
+ protected:
+  clone_ability() = default;
+  clone_ability(const clone_ability&) = default;
+  clone_ability& operator=(const clone_ability&) = default;
+};
+
+}  // namespace abilities
+}  // namespace generic
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_GENERIC_ABILITIES_CLONE_ABILITY_HPP

@@ -1,0 +1,54 @@
+// Mix-in that makes an object countable by memory::pointers::rc_pointer<T>: a delete-on-zero
+// flag and a plain (non-atomic) 32-bit reference count. Objects built on the heap set the flag
+// once they are complete; an object whose flag stays false is never deleted by its pointers.
+//
+//   struct node : mota::generic::abilities::reference_count_pointer_ability<node> { ... };
+//   node* n = new node; n->delete_on_zero(true);
+//   mota::memory::pointers::rc_pointer<node> p(n);   // count 1; deleted with the last pointer
+#ifndef MOTA_GENERIC_ABILITIES_REFERENCE_COUNT_POINTER_ABILITY_HPP
+#define MOTA_GENERIC_ABILITIES_REFERENCE_COUNT_POINTER_ABILITY_HPP
+
+#include <mota/export.hpp>
+
+#include <cstdint>
+
+namespace MOTA_2_18 {
+namespace generic {
+namespace abilities {
+
+template <class T>
+class reference_count_pointer_ability {
+ public:
+  bool delete_on_zero() const { return m_delete_on_zero; }
+  void delete_on_zero(bool flag) { m_delete_on_zero = flag; }
+
+  std::int32_t reference_count() const { return m_reference_count; }
+
+  void add_reference() { ++m_reference_count; }
+
+  // Drops one reference; true when this was the last one and the object should now be
+  // destroyed (the count was 1 and the delete flag is set).
+  bool release_reference() {
+    const std::int32_t before = m_reference_count--;
+    return before == 1 && m_delete_on_zero;
+  }
+
+ protected:
+  reference_count_pointer_ability() = default;
+  // A copy is a new object: it starts uncounted and not yet owned by anyone.
+  reference_count_pointer_ability(const reference_count_pointer_ability&) {}
+  reference_count_pointer_ability& operator=(const reference_count_pointer_ability&) {
+    return *this;
+  }
+  ~reference_count_pointer_ability() = default;
+
+ private:
+  bool m_delete_on_zero = false;
+  std::int32_t m_reference_count = 0;
+};
+
+}  // namespace abilities
+}  // namespace generic
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_GENERIC_ABILITIES_REFERENCE_COUNT_POINTER_ABILITY_HPP

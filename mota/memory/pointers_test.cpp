@@ -1,0 +1,87 @@
+#include <mota/generic/abilities/clone_ability.hpp>
+#include <mota/generic/abilities/reference_count_pointer_ability.hpp>
+#include <mota/memory/rc_pointer.hpp>
+#include <mota/memory/shared_pointer.hpp>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+int g_alive = 0;
+
+struct counted : mota::generic::abilities::reference_count_pointer_ability<counted>,
+                 mota::generic::abilities::clone_ability {
+  counted() { ++g_alive; }
+  counted(const counted& other) : reference_count_pointer_ability(other), clone_ability(other) {
+    ++g_alive;
+  }
+  ~counted() override { --g_alive; }
+  counted* clone() const override { return new counted(*this); }
+};
+
+counted* make_owned() {
+  auto* c = new counted;
+  c->delete_on_zero(true);
+  return c;
+}
+
+}  // namespace
+
+using mota::memory::pointers::rc_pointer;
+using mota::memory::pointers::shared_pointer;
+
+TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
+  {
+    rc_pointer<counted> a(make_owned());
+    EXPECT_EQ(1, a->reference_count());
+    {
+      rc_pointer<counted> b = a;
+      rc_pointer<counted> c;
+      c = b;
+      c = c;
+      EXPECT_EQ(3, a->reference_count());
+      EXPECT_EQ(a, c);
+    }
+    EXPECT_EQ(1, a->reference_count());
+    a = rc_pointer<counted>(make_owned());
+    EXPECT_EQ(1, g_alive);
+  }
+  EXPECT_EQ(0, g_alive);
+}
+
+TEST(RcPointer, WithoutTheDeleteFlagTheObjectSurvives) {
+  counted on_stack;
+  {
+    rc_pointer<counted> p(&on_stack);
+    EXPECT_EQ(1, on_stack.reference_count());
+  }
+  EXPECT_EQ(0, on_stack.reference_count());
+  EXPECT_EQ(1, g_alive);
+}
+
+TEST(RcPointer, CloneStartsUncounted) {
+  rc_pointer<counted> a(make_owned());
+  counted* copy = a->clone();
+  EXPECT_EQ(0, copy->reference_count());
+  EXPECT_FALSE(copy->delete_on_zero());
+  delete copy;
+}
+
+TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
+  struct plain {
+    explicit plain(int* alive) : alive(alive) { ++*alive; }
+    ~plain() { --*alive; }
+    int* alive;
+  };
+  int alive = 0;
+  {
+    shared_pointer<plain> a(new plain(&alive));
+    shared_pointer<plain> b = a;
+    EXPECT_EQ(2, a.use_count());
+    b.reset();
+    EXPECT_EQ(1, a.use_count());
+    EXPECT_EQ(0, b.use_count());
+    EXPECT_FALSE(b);
+  }
+  EXPECT_EQ(0, alive);
+}

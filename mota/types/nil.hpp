@@ -1,0 +1,21 @@
+// The empty tag type. A variant holding `nil_t` is "nil"; lookups that find nothing return
+// objects equal to nil; assigning `nil` clears.
+//
+//   mota::types::variant v;           // nil
+//   if (v == mota::types::nil) ...
+#ifndef MOTA_TYPES_NIL_HPP
+#define MOTA_TYPES_NIL_HPP
+
+#include <mota/export.hpp>
+
+namespace MOTA_2_18 {
+namespace types {
+
+struct MOTA_API nil_t {};
+
+inline constexpr nil_t nil{};
+
+}  // namespace types
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_TYPES_NIL_HPP

@@ -1,0 +1,10 @@
+// The library's version, defined once: the build reads these three numbers for the
+// shared library's version and SONAME and for the installed package files.
+#ifndef MOTA_VERSION_HPP
+#define MOTA_VERSION_HPP
+
+#define MOTA_VERSION_MAJOR 2
+#define MOTA_VERSION_MINOR 18
+#define MOTA_VERSION_PATCH 0
+
+#endif  // MOTA_VERSION_HPP
