@@ -6,6 +6,7 @@
 #ifndef MOTA_SYSTEM_DATE_TIME_TIME_HPP
 #define MOTA_SYSTEM_DATE_TIME_TIME_HPP
 
+#include <mota/exceptions/logic_error.hpp>
 #include <mota/export.hpp>
 #include <mota/system/date_time/time_duration.hpp>
 
