@@ -17,6 +17,9 @@ namespace MOTA_2_18 {
 namespace system {
 namespace {
 
+// The 64-bit stat and readdir forms are used throughout so that files of 2 GiB or more and
+// large inode numbers are seen on 32-bit builds as well.
+
 const std::string& to_utf8(const strings::ustring8& path) {
   return path;
 }
@@ -37,8 +40,8 @@ int load_into(const std::string& path, Content& content) {
   std::ifstream stream;
   if (!safe_iopen<strings::ustring8>(path, stream) || stream.fail() || stream.bad()) return 1;
   // A directory opens as a stream on Linux, but its "size" is meaningless; refuse it.
-  struct stat info;
-  if (::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return 1;
+  struct stat64 info;
+  if (::stat64(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return 1;
   stream.seekg(0, std::ios::end);
   const std::int64_t size = static_cast<std::int64_t>(stream.tellg());
   if (size < 0) return 1;
@@ -56,8 +59,8 @@ int load_into(const std::string& path, Content& content) {
 // A directory's identity, to recognise a walk that has come back to one of its ancestors
 // through a symbolic link.
 struct directory_id {
-  dev_t device;
-  ino_t inode;
+  std::uint64_t device;
+  std::uint64_t inode;
 };
 
 bool is_on_walk(const std::vector<directory_id>& walk, const directory_id& id) {
@@ -72,20 +75,22 @@ void walk_directory(const std::string& directory, std::vector<directory_id>& wal
   if (handle == nullptr) return;
   ::rewinddir(handle);
   std::vector<std::pair<std::string, directory_id>> subdirectories;
-  while (const dirent* entry = ::readdir(handle)) {
+  while (const dirent64* entry = ::readdir64(handle)) {
     if (is_dot_entry(entry->d_name)) continue;
     std::string full;
     full.reserve(directory.size() + 1 + std::strlen(entry->d_name));
     full.append(directory).append(1, '/').append(entry->d_name);
     // One stat answers is_file, is_directory and have_read_access alike.
-    struct stat info;
-    if (::stat(full.c_str(), &info) != 0) continue;
+    struct stat64 info;
+    if (::stat64(full.c_str(), &info) != 0) continue;
     const unsigned int mode = static_cast<unsigned int>(info.st_mode);
     if ((mode & 0400u) == 0) continue;
     if (mode & 0x8000u)
       files.emplace_back(std::move(full));
     else if (mode & 0x4000u)
-      subdirectories.emplace_back(std::move(full), directory_id{info.st_dev, info.st_ino});
+      subdirectories.emplace_back(std::move(full),
+                                  directory_id{static_cast<std::uint64_t>(info.st_dev),
+                                               static_cast<std::uint64_t>(info.st_ino)});
   }
   ::closedir(handle);
   for (const auto& subdirectory : subdirectories) {
@@ -98,8 +103,10 @@ void walk_directory(const std::string& directory, std::vector<directory_id>& wal
 
 void walk_from(const std::string& directory, std::vector<strings::ustring8>& files) {
   std::vector<directory_id> walk;
-  struct stat info;
-  if (::stat(directory.c_str(), &info) == 0) walk.push_back(directory_id{info.st_dev, info.st_ino});
+  struct stat64 info;
+  if (::stat64(directory.c_str(), &info) == 0)
+    walk.push_back(directory_id{static_cast<std::uint64_t>(info.st_dev),
+                                static_cast<std::uint64_t>(info.st_ino)});
   walk_directory(directory, walk, files);
 }
 
@@ -108,7 +115,7 @@ std::vector<strings::ustring8> list_from(const std::string& directory) {
   DIR* handle = ::opendir(directory.c_str());
   if (handle == nullptr) return entries;
   ::rewinddir(handle);
-  while (const dirent* entry = ::readdir(handle)) {
+  while (const dirent64* entry = ::readdir64(handle)) {
     if (is_dot_entry(entry->d_name)) continue;
     strings::ustring8 full;
     full.reserve(directory.size() + 1 + std::strlen(entry->d_name));
@@ -162,8 +169,8 @@ bool create_directory(const strings::ustring8& path) {
 }
 
 bool have_read_access(const strings::ustring8& path) {
-  struct stat info;
-  return ::stat(path.c_str(), &info) == 0 && (info.st_mode & 0400) != 0;
+  struct stat64 info;
+  return ::stat64(path.c_str(), &info) == 0 && (info.st_mode & 0400) != 0;
 }
 
 void get_directory_files(const strings::ustring8& directory,

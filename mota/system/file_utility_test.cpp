@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
-#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -109,7 +109,8 @@ TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
   for (const auto& c : cases) {
     const std::string path = dir / "big";
     write_bytes(path, "");
-    ASSERT_EQ(0, ::truncate(path.c_str(), static_cast<off_t>(c.size)));  // sparse
+    ASSERT_EQ(0, ::truncate64(path.c_str(), static_cast<off64_t>(c.size)));  // sparse
+    EXPECT_TRUE(sys::have_read_access(path));
     ustring8 content = "untouched";
     try {
       sys::load_file(path, content);
@@ -121,6 +122,9 @@ TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
     }
     EXPECT_EQ("untouched", content);
   }
+  std::vector<ustring8> files;
+  sys::get_directory_files(dir.str(), files);
+  EXPECT_EQ(std::vector<ustring8>{dir / "big"}, files);
 }
 
 TEST(StoreFile, WritesTruncatesAndRefusesLinks) {

@@ -12,18 +12,19 @@ namespace system {
 namespace io {
 namespace {
 
-// The mode of the path, or 0 when stat fails.
+// The mode of the path, or 0 when stat fails. stat64 so that files of 2 GiB or more are seen
+// on 32-bit builds too.
 unsigned int mode_of(const char* path) {
-  struct stat info;
-  if (::stat(path, &info) != 0) return 0;
+  struct stat64 info;
+  if (::stat64(path, &info) != 0) return 0;
   return static_cast<unsigned int>(info.st_mode);
 }
 
 }  // namespace
 
 bool exists(const strings::ustring8& path) {
-  struct stat info;
-  return ::stat(path.c_str(), &info) == 0;
+  struct stat64 info;
+  return ::stat64(path.c_str(), &info) == 0;
 }
 
 // Plain bit tests on purpose: directory walks rely on them.
