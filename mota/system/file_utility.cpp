@@ -74,15 +74,17 @@ void walk_directory(const std::string& directory, std::vector<directory_id>& wal
   DIR* handle = ::opendir(directory.c_str());
   if (handle == nullptr) return;
   ::rewinddir(handle);
+  const int descriptor = ::dirfd(handle);
   std::vector<std::pair<std::string, directory_id>> subdirectories;
   while (const dirent64* entry = ::readdir64(handle)) {
     if (is_dot_entry(entry->d_name)) continue;
     std::string full;
     full.reserve(directory.size() + 1 + std::strlen(entry->d_name));
     full.append(directory).append(1, '/').append(entry->d_name);
-    // One stat answers is_file, is_directory and have_read_access alike.
+    // One stat answers is_file, is_directory and have_read_access alike; relative to the open
+    // directory, so the kernel does not resolve the whole path again for every entry.
     struct stat64 info;
-    if (::stat64(full.c_str(), &info) != 0) continue;
+    if (::fstatat64(descriptor, entry->d_name, &info, 0) != 0) continue;
     const unsigned int mode = static_cast<unsigned int>(info.st_mode);
     if ((mode & 0400u) == 0) continue;
     if (mode & 0x8000u)
