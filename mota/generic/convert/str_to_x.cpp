@@ -32,7 +32,9 @@ inline std::int32_t code(wchar_t c) {
 }
 
 inline bool blank(std::int32_t c) {
-  // isspace is only defined for byte values (and EOF); anything wider is not blank.
+  // Printable ASCII other than the space is never blank, whatever the locale: decided without
+  // a call. isspace is only defined for byte values (and EOF); anything wider is not blank.
+  if (c > 0x20 && c < 0x7F) return false;
   return c >= 0 && c <= 0xFF && std::isspace(static_cast<int>(c)) != 0;
 }
 
@@ -82,42 +84,99 @@ inline bool read_lead(const C* text, unsigned int size, unsigned int radix, lead
   return true;
 }
 
-// The value of `c` as a digit of `radix`, or -1 when it ends the number. `decimal_end` is the
-// first character past the decimal digits the radix allows.
-inline std::int32_t digit_of(std::int32_t c, std::int32_t radix, std::int32_t decimal_end) {
-  if (c < '0') return -1;
-  if (c < decimal_end) return c - '0';
-  if (c < 'A') return -1;
-  if (c <= 'Z') return c < 'A' + radix - 10 ? c - 'A' + 10 : -1;
-  if (c >= 'a' && c <= 'z') return c < 'a' + radix - 10 ? c - 'a' + 10 : -1;
-  return -1;
-}
+// The value of `c` as a digit of `radix`, or a value of at least `radix` when it ends the
+// number. Up to radix 10 only "0" onwards count; from 10 on, "0" to "9" and then the upper- and
+// lower-case letters from 10 upwards. Computed unsigned so that any character value is safe.
+struct small_radix {
+  static std::uint32_t digit(std::int32_t c) { return static_cast<std::uint32_t>(c) - '0'; }
+};
+struct large_radix {
+  static std::uint32_t digit(std::int32_t c) {
+    const std::uint32_t u = static_cast<std::uint32_t>(c);
+    if (u - '0' < 10) return u - '0';
+    if (u - 'A' < 26) return u - 'A' + 10;
+    if (u - 'a' < 26) return u - 'a' + 10;
+    return 0xFFFFFFFFu;
+  }
+};
 
 // The arithmetic type the magnitude is accumulated in: at least an unsigned int.
 template <typename T>
 using magnitude_t =
     std::conditional_t<(sizeof(T) < sizeof(unsigned int)), unsigned int, std::make_unsigned_t<T>>;
 
+// How many digits of `radix` can never exceed `max`: the largest n with radix^n <= max.
+constexpr unsigned int safe_digits(unsigned long long max, unsigned int radix) {
+  unsigned int n = 0;
+  unsigned long long power = 1;
+  while (power <= max / radix) {
+    power *= radix;
+    ++n;
+  }
+  return n;
+}
+
 // Accumulates the digits from `i` on. Returns false when the value would pass `cut_off` and
 // `last_digit`, i.e. it is out of range. Reads at least the character at `i` and stops at
-// `size`.
-template <typename M, typename C>
-inline bool accumulate(const C* text, unsigned int i, unsigned int size, unsigned int radix,
-                       M cut_off, M last_digit, M& magnitude) {
-  const std::int32_t r = static_cast<std::int32_t>(radix);
-  const std::int32_t decimal_end = radix < 10 ? '0' + r : ':';
+// `size`. `Radix` fixes the common radixes at compile time (0 takes `radix` as given), which
+// turns the multiplication into shifts and adds; `Safe` leading digits cannot overflow and
+// skip the range check.
+template <typename Classify, unsigned int Radix, unsigned int Safe, typename M, typename C>
+inline bool accumulate_with(const C* text, unsigned int i, unsigned int size, unsigned int radix,
+                            M cut_off, M last_digit, M& magnitude) {
+  const unsigned int r = Radix != 0 ? Radix : radix;
+  const unsigned int end = size > i ? size : i + 1;
+  const unsigned int fast_end = end - i > Safe ? i + Safe : end;
   M value = 0;
-  for (;;) {
-    const std::int32_t digit = digit_of(code(text[i]), r, decimal_end);
-    if (digit < 0) break;
-    if (value >= cut_off && (value != cut_off || static_cast<M>(digit) > last_digit)) {
-      return false;
+  for (; i < fast_end; ++i) {
+    const std::uint32_t digit = Classify::digit(code(text[i]));
+    if (digit >= r) {
+      magnitude = value;
+      return true;
     }
-    value = static_cast<M>(value * radix + static_cast<M>(digit));
-    if (++i >= size) break;
+    value = static_cast<M>(value * r + digit);
+  }
+  for (; i < end; ++i) {
+    const std::uint32_t digit = Classify::digit(code(text[i]));
+    if (digit >= r) break;
+    if (value >= cut_off && (value != cut_off || digit > last_digit)) return false;
+    value = static_cast<M>(value * r + digit);
   }
   magnitude = value;
   return true;
+}
+
+template <typename T, typename M, typename C>
+inline bool accumulate(const C* text, unsigned int i, unsigned int size, unsigned int radix,
+                       M cut_off, M last_digit, M& magnitude) {
+  constexpr auto max = static_cast<unsigned long long>(std::numeric_limits<T>::max());
+  switch (radix) {
+    case 10:
+      return accumulate_with<small_radix, 10, safe_digits(max, 10)>(text, i, size, radix, cut_off,
+                                                                    last_digit, magnitude);
+    case 16:
+      return accumulate_with<large_radix, 16, safe_digits(max, 16)>(text, i, size, radix, cut_off,
+                                                                    last_digit, magnitude);
+    default:
+      if (radix < 10) {
+        return accumulate_with<small_radix, 0, 0>(text, i, size, radix, cut_off, last_digit,
+                                                  magnitude);
+      }
+      return accumulate_with<large_radix, 0, 0>(text, i, size, radix, cut_off, last_digit,
+                                                magnitude);
+  }
+}
+
+// The throw sites, kept out of line so the parsers stay lean.
+[[noreturn]] __attribute__((noinline, cold)) void throw_bad_radix(const char* function) {
+  MOTA_THROW_AS(exceptions::invalid_argument_value,
+                "invalid radix value, values of 0, 2-36 are the only valid values", function);
+}
+[[noreturn]] __attribute__((noinline, cold)) void throw_too_small(const char* function) {
+  MOTA_THROW_AS(exceptions::underflow_error, "Number value is to small", function);
+}
+[[noreturn]] __attribute__((noinline, cold)) void throw_too_large(const char* function) {
+  MOTA_THROW_AS(exceptions::overflow_error, "Number value is to large", function);
 }
 
 // Cut-off and last-digit limit of `bound` for `radix`; the common decimal case divides by a
@@ -127,6 +186,9 @@ inline void limits_of(M bound, unsigned int radix, M& cut_off, M& last_digit) {
   if (radix == 10) {
     cut_off = bound / 10;
     last_digit = bound % 10;
+  } else if (radix == 16) {
+    cut_off = bound / 16;
+    last_digit = bound % 16;
   } else {
     cut_off = static_cast<M>(bound / radix);
     last_digit = static_cast<M>(bound % radix);
@@ -144,8 +206,7 @@ T strtointx(const C* text, unsigned int size, unsigned int radix, bool throw_on_
   lead_t lead;
   if (!read_lead(text, size, radix, lead)) return 0;
   if (lead.radix == 1 || lead.radix > 36) {
-    MOTA_THROW_AS(exceptions::invalid_argument_value,
-                  "invalid radix value, values of 0, 2-36 are the only valid values", "strtointx");
+    throw_bad_radix("strtointx");
   }
 
   const M max = static_cast<M>(std::numeric_limits<T>::max());
@@ -155,15 +216,15 @@ T strtointx(const C* text, unsigned int size, unsigned int radix, bool throw_on_
   limits_of(bound, lead.radix, cut_off, last_digit);
 
   M magnitude;
-  if (!accumulate(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude)) {
+  if (!accumulate<T>(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude)) {
     if (lead.negative) {
       if (throw_on_range_error) {
-        MOTA_THROW_AS(exceptions::underflow_error, "Number value is to small", "strtointx");
+        throw_too_small("strtointx");
       }
       return std::numeric_limits<T>::min();
     }
     if (throw_on_range_error) {
-      MOTA_THROW_AS(exceptions::overflow_error, "Number value is to large", "strtointx");
+      throw_too_large("strtointx");
     }
     return std::numeric_limits<T>::max();
   }
@@ -181,8 +242,7 @@ T strtouintx(const C* text, unsigned int size, unsigned int radix, bool throw_on
   lead_t lead;
   if (!read_lead(text, size, radix, lead)) return 0;
   if (lead.radix == 1 || lead.radix > 36) {
-    MOTA_THROW_AS(exceptions::invalid_argument_value,
-                  "invalid radix value, values of 0, 2-36 are the only valid values", "strtouintx");
+    throw_bad_radix("strtouintx");
   }
 
   M cut_off, last_digit;
@@ -190,16 +250,16 @@ T strtouintx(const C* text, unsigned int size, unsigned int radix, bool throw_on
 
   M magnitude;
   const bool in_range =
-      accumulate(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude);
+      accumulate<T>(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude);
   if (!in_range || (lead.negative && magnitude != 0)) {
     if (lead.negative) {
       if (throw_on_range_error) {
-        MOTA_THROW_AS(exceptions::underflow_error, "Number value is to small", "strtouintx");
+        throw_too_small("strtouintx");
       }
       return 0;
     }
     if (throw_on_range_error) {
-      MOTA_THROW_AS(exceptions::overflow_error, "Number value is to large", "strtouintx");
+      throw_too_large("strtouintx");
     }
     return std::numeric_limits<T>::max();
   }

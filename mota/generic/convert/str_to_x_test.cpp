@@ -199,6 +199,22 @@ TEST(StrToInt, LimitsInOtherRadixes) {
   EXPECT_EQ(255u, convert::str_to_uint8("400", 3, radix_t::octal, false));
 }
 
+TEST(StrToInt, LeadingZerosDoNotHideOverflow) {
+  EXPECT_EQ(2147483647, convert::str_to_int("0000000000002147483647", 0, radix_t::decimal, true));
+  EXPECT_EQ(2147483647, convert::str_to_int("0000000000002147483648", 0, radix_t::decimal, false));
+  EXPECT_EQ(std::numeric_limits<long long>::min(),
+            convert::str_to_int64(L"-0009223372036854775808", 0, radix_t::decimal, true));
+  EXPECT_EQ(255u, convert::str_to_uint8("0000255", 7, radix_t::decimal, true));
+  EXPECT_THROW_MSG(convert::str_to_uint8("0000256", 7, radix_t::decimal, true), ex::overflow_error,
+                   "Number value is to large");
+  EXPECT_EQ(0xFFFFu, convert::str_to_uint16("0000ffff", 8, radix_t::hexadecimal, true));
+  EXPECT_THROW_MSG(convert::str_to_uint16("00010000", 8, radix_t::hexadecimal, true),
+                   ex::overflow_error, "Number value is to large");
+  EXPECT_EQ(-32768, convert::str_to_int16(u16("-08000").c_str(), 6, radix_t::hexadecimal, true));
+  EXPECT_THROW_MSG(convert::str_to_int16(u16("-08001").c_str(), 6, radix_t::hexadecimal, true),
+                   ex::underflow_error, "Number value is to small");
+}
+
 TEST(StrToInt, RangeErrorsCarryParserName) {
   try {
     convert::str_to_int("2147483648", 0, radix_t::decimal, true);

@@ -28,9 +28,9 @@ unsigned int decimal_length(U value) {
 }
 
 // Writes the digits of `value` followed by a terminating zero; returns the terminator's place.
-// Digits are produced least significant first. Decimal text is written from its far end two
-// digits at a time; other radixes are written forwards and reversed in place. Both give the
-// same text.
+// Digits are produced least significant first. Decimal text and powers of two, whose length is
+// known beforehand, are written from the far end (decimal two digits at a time); other radixes
+// are written forwards and reversed in place. All give the same text.
 template <typename U, typename C>
 C* write_digits(U value, C* out, unsigned int radix) {
   if (radix == 10) {
@@ -50,6 +50,21 @@ C* write_digits(U value, C* out, unsigned int radix) {
     } else {
       *--p = static_cast<C>('0' + static_cast<unsigned int>(value));
     }
+    return out + length;
+  }
+  if ((radix & (radix - 1)) == 0 && radix >= 2) {
+    // Powers of two: the length follows from the bit length, digits are masks and shifts.
+    const unsigned int shift = static_cast<unsigned int>(__builtin_ctz(radix));
+    const auto wide = static_cast<unsigned long long>(value);
+    const unsigned int bits =
+        wide == 0 ? 0 : 64u - static_cast<unsigned int>(__builtin_clzll(wide));
+    const unsigned int length = bits == 0 ? 1 : (bits + shift - 1) / shift;
+    C* p = out + length;
+    *p = 0;
+    do {
+      *--p = static_cast<C>(digit_chars[value & (radix - 1)]);
+      value = static_cast<U>(value >> shift);
+    } while (value != 0);
     return out + length;
   }
   C* p = out;

@@ -49,6 +49,11 @@ TEST(Ltoa, SignedValuesInEveryRadix) {
       {INT_MIN, 16, "-80000000"},
       {INT_MIN, 2, "-10000000000000000000000000000000"},
       {1234567, 7, "13331215"},
+      {1234567, 32, "15lk7"},
+      {-1234567, 4, "-10231122013"},
+      {INT_MAX, 8, "17777777777"},
+      {1, 16, "1"},
+      {16, 16, "10"},
   };
   for (const auto& c : cases) {
     const auto v = static_cast<int>(c.value);
@@ -67,6 +72,9 @@ TEST(Ltoa, SixtyFourBitExtremes) {
   expect_text("ffffffff", [](auto* b) { return convert::ultoa(UINT_MAX, b, 16); });
   expect_text("4294967295", [](auto* b) { return convert::ultoa(UINT_MAX, b, 10); });
   expect_text("10", [](auto* b) { return convert::ultoa(10u, b, 10); });
+  expect_text("1777777777777777777777", [](auto* b) { return convert::ulltoa(ULLONG_MAX, b, 8); });
+  expect_text("fvvvvvvvvvvvv", [](auto* b) { return convert::ulltoa(ULLONG_MAX, b, 32); });
+  expect_text("-8000000000000000", [](auto* b) { return convert::lltoa(LLONG_MIN, b, 16); });
   expect_text("100", [](auto* b) { return convert::ulltoa(100ull, b, 10); });
 }
 
