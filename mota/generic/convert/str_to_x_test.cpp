@@ -286,12 +286,6 @@ TEST(StrToInt, NullTextIsZero) {
             convert::str_to_uint64(static_cast<const wchar_t*>(nullptr), 0, radix_t::detect, true));
 }
 
-TEST(StrToInt, TemplatesMatchForwarders) {
-  EXPECT_EQ(-31, (convert::strtointx<int, char>(" -0x1F", 0, 0, false)));
-  EXPECT_EQ(-31L, (convert::strtointx<long, unsigned short>(u16("-0x1F").c_str(), 0, 0, false)));
-  EXPECT_EQ(31UL, (convert::strtouintx<unsigned long, wchar_t>(L"0x1F", 4, 0, false)));
-}
-
 TEST(IsSpace, FollowsTheCLibrary) {
   for (int c = 0; c < 256; ++c) {
     const bool expected = std::isspace(c) != 0;
