@@ -503,9 +503,9 @@ bool match(const char*& p, const char* e, const char* rest) {
   return true;
 }
 
-bool is_digit_of(char c, unsigned int radix) {
+bool is_digit_of(char c, types::radix_t::base radix) {
   if (c >= '0' && c <= '9') return true;
-  return radix == 16 && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'));
+  return radix == types::radix_t::hexadecimal && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'));
 }
 
 }  // namespace
@@ -547,9 +547,11 @@ void xml_parser::scan_character(const char*& p, const char* e, strings::ustring8
       break;
     case '#': {
       ++p;
-      unsigned int radix = 0;  // decimal digits; the conversion settles what a leading 0 means
+      // Decimal digits go to the conversion with radix detection, so it settles what a
+      // leading 0 means.
+      types::radix_t::base radix = types::radix_t::detect;
       if (p != e && *p == 'x') {
-        radix = 16;
+        radix = types::radix_t::hexadecimal;
         ++p;
       }
       const char* const digits = p;
@@ -558,8 +560,7 @@ void xml_parser::scan_character(const char*& p, const char* e, strings::ustring8
       if (p == e || *p != ';') fail_at(p, e);
       const auto count = static_cast<unsigned int>(p - digits);
       const char* const text = count != 0 ? digits : "";
-      decoded = static_cast<char>(generic::convert::str_to_uint8(
-          text, count, static_cast<types::radix_t::base>(radix), false));
+      decoded = static_cast<char>(generic::convert::str_to_uint8(text, count, radix, false));
       break;
     }
     default:
