@@ -103,11 +103,13 @@ class MOTA_API xml_parser {
   // A quoted value with entities decoded; `pos` ends on the closing quote, or at `end` when
   // the input stops first. missing_quote when it does not open with ' or ".
   strings::ustring8 parse_attrib_value(iterator& pos, const iterator& end);
-  // One reference starting at "&", decoded to one byte; `pos` ends on the ";".
+  // One reference starting at "&", decoded to one byte; `pos` ends on the ";". A first letter
+  // other than a, g, l, n, q or "#" is unknown_entity; any other mismatch is
+  // unexpected_character naming the byte (empty text at the end of the input).
   strings::ustring8 parse_character(iterator& pos, const iterator& end);
   // A run of white space, counting its line feeds; `pos` ends on the first other byte.
   strings::ustring8 parse_whitespace(iterator& pos, const iterator& end);
-  // True for tab, line feed, carriage return and space.
+  // True for tab, line feed, carriage return and space; `pos` must not be at the end.
   bool is_white_space(const iterator& pos) const;
 
  private:
