@@ -129,12 +129,12 @@ bool starts_with(const char* p, const char* e, const char (&prefix)[N]) {
   return static_cast<std::size_t>(e - p) >= N - 1 && std::memcmp(p, prefix, N - 1) == 0;
 }
 
-// The bytes of an iterator range as a pointer pair; both null for an empty range.
+// The bytes of an iterator range as a pointer pair; both null for an empty or reversed range.
 struct byte_range {
   const char* first;
   const char* last;
   byte_range(const iterator& pos, const iterator& end)
-      : first(pos == end ? nullptr : &*pos), last(first + (end - pos)) {}
+      : first(end - pos > 0 ? &*pos : nullptr), last(end - pos > 0 ? first + (end - pos) : first) {}
 };
 
 }  // namespace
