@@ -30,7 +30,8 @@ class MOTA_API variant {
   variant();
   // Shares `other`'s value object. A variant copy-constructed from itself holds no value
   // object and reads as nil.
-  variant(variant const& other) : m_value(&other != this ? other.m_value : pointer_type()) {}
+  variant(variant const& other) noexcept
+      : m_value(&other != this ? other.m_value : pointer_type()) {}
   variant(nil_t const&);  // NOLINT: implicit on purpose, as are the value constructors
 
   variant(bool value);  // NOLINT
