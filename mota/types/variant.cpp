@@ -69,36 +69,6 @@ variant& variant::operator=(nil_t const&) {
   return *this;
 }
 
-strings::ustring8 variant::as_string() const {
-  if (equal(nil)) return strings::ustring8();
-  return held().as_string();
-}
-
-std::wstring variant::as_wstring() const {
-  if (equal(nil)) return std::wstring();
-  return held().as_wstring();
-}
-
-std::string variant::as_ustring() const {
-  if (equal(nil)) return std::string();
-  return held().as_ustring();
-}
-
-strings::ustring8 variant::as_utf8() const {
-  if (equal(nil)) return strings::ustring8();
-  return held().as_utf8();
-}
-
-strings::ustring16 variant::as_utf16() const {
-  if (equal(nil)) return strings::ustring16();
-  return held().as_utf16();
-}
-
-strings::ustring32 variant::as_utf32() const {
-  if (equal(nil)) return strings::ustring32();
-  return held().as_utf32();
-}
-
 variant_type const& variant::empty_value() noexcept {
   // Never counted, so never deleted: an empty handle reads it without touching its count.
   static variant_value_t<nil_t> const empty;

@@ -66,7 +66,7 @@ class MOTA_API variant {
   std::type_info const& type() const { return held().type(); }
 
   // True exactly when the held type is nil_t.
-  bool equal(nil_t const&) const { return type() == typeid(nil_t); }
+  bool equal(nil_t const&) const { return is_nil_type(type()); }
   bool operator==(nil_t const& n) const { return equal(n); }
   bool operator!=(nil_t const& n) const { return !equal(n); }
 
@@ -105,18 +105,44 @@ class MOTA_API variant {
   unsigned short as_ushort() const { return static_cast<unsigned short>(held().as_short()); }
 
   // Text reads; nil reads as an empty string.
-  strings::ustring8 as_string() const;
-  std::wstring as_wstring() const;
-  std::string as_ustring() const;
-  strings::ustring8 as_utf8() const;
-  strings::ustring16 as_utf16() const;
-  strings::ustring32 as_utf32() const;
+  strings::ustring8 as_string() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? strings::ustring8() : value.as_string();
+  }
+  std::wstring as_wstring() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? std::wstring() : value.as_wstring();
+  }
+  std::string as_ustring() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? std::string() : value.as_ustring();
+  }
+  strings::ustring8 as_utf8() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? strings::ustring8() : value.as_utf8();
+  }
+  strings::ustring16 as_utf16() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? strings::ustring16() : value.as_utf16();
+  }
+  strings::ustring32 as_utf32() const {
+    variant_type const& value = held();
+    return is_nil_type(value.type()) ? strings::ustring32() : value.as_utf32();
+  }
 
   // The shared value object (nil's when the handle is empty).
   variant_type const& held() const { return m_value ? *m_value : empty_value(); }
 
  private:
   static variant_type const& empty_value() noexcept;
+
+  // type_info equality with nil_t's; names that differ in their first character are told
+  // apart without the full name comparison.
+  static bool is_nil_type(std::type_info const& t) noexcept {
+    char const* const name = t.name();
+    char const* const nil_name = typeid(nil_t).name();
+    return name == nil_name || (name[0] == nil_name[0] && t == typeid(nil_t));
+  }
 
   pointer_type m_value;
 };

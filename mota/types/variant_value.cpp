@@ -113,24 +113,49 @@ R to_floating(T const& value, Parse parse) {
   }
 }
 
-// Decimal digits of an integer in characters of type C, through the library's routines.
+// Number of decimal digits of `value`.
+template <class U>
+std::size_t decimal_digits(U value) {
+  std::size_t n = 1;
+  for (;;) {
+    if (value < 10) return n;
+    if (value < 100) return n + 1;
+    if (value < 1000) return n + 2;
+    if (value < 10000) return n + 3;
+    value = static_cast<U>(value / 10000);
+    n += 4;
+  }
+}
+
+// Calls the library's integer-to-text routine for the held type's width and sign.
+template <class W, class C>
+void write_integer(W value, C* out) {
+  if constexpr (std::is_same_v<W, int>) {
+    convert::ltoa(value, out, 10);
+  } else if constexpr (std::is_same_v<W, unsigned int>) {
+    convert::ultoa(value, out, 10);
+  } else if constexpr (std::is_same_v<W, long long>) {
+    convert::lltoa(value, out, 10);
+  } else {
+    convert::ulltoa(value, out, 10);
+  }
+}
+
+// Decimal text of an integer in the string type S, written into a stack buffer by the library's
+// routine; the length is known from the value, so the text is never scanned.
 template <class S, class T>
 S integer_text(T value) {
-  using C = typename S::value_type;
-  C buffer[24];
-  if constexpr (std::is_signed_v<T> && sizeof(T) <= 4) {
-    convert::ltoa(static_cast<int>(value), buffer, 10);
-  } else if constexpr (sizeof(T) <= 4) {
-    convert::ultoa(static_cast<unsigned int>(value), buffer, 10);
-  } else if constexpr (std::is_signed_v<T>) {
-    convert::lltoa(static_cast<long long>(value), buffer, 10);
-  } else {
-    convert::ulltoa(static_cast<unsigned long long>(value), buffer, 10);
-  }
-  std::size_t length = 0;
-  while (buffer[length] != 0)
-    ++length;
-  return S(buffer, length);
+  using W =
+      std::conditional_t<sizeof(T) <= sizeof(int),
+                         std::conditional_t<std::is_signed_v<T>, int, unsigned int>,
+                         std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>>;
+  using U = std::make_unsigned_t<W>;
+  const W wide = static_cast<W>(value);
+  const bool negative = wide < 0;
+  const U magnitude = negative ? static_cast<U>(U(0) - static_cast<U>(wide)) : static_cast<U>(wide);
+  typename S::value_type buffer[24];  // 20 digits, a sign and the terminator fit
+  write_integer(wide, buffer);
+  return S(buffer, decimal_digits(magnitude) + (negative ? 1 : 0));
 }
 
 // Floating values are written by a default-formatted string stream.
