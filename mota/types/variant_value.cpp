@@ -33,9 +33,6 @@ constexpr bool is_narrow_text =
     std::is_same_v<T, strings::ustring8> || std::is_same_v<T, std::string>;
 template <class T>
 constexpr bool is_utf16_text = std::is_same_v<T, strings::ustring16>;
-template <class T>
-constexpr bool is_wide_text =
-    std::is_same_v<T, strings::ustring32> || std::is_same_v<T, std::wstring>;
 
 // Lengths handed to the parsers are unsigned int; longer texts are cut to what fits.
 template <class S>
