@@ -1,4 +1,4 @@
-#include <mota/config/_private/lexer.hpp>
+#include <mota/config/base_config_item.hpp>
 #include <mota/config/config_token.hpp>
 
 #include <gtest/gtest.h>
@@ -14,8 +14,7 @@ using mota::strings::ustring8;
 using T = config_token;
 
 int next(const ustring8& line, unsigned& pos, config_token& tok) {
-  return mota::config::_private::lex_token(line.data(), static_cast<std::uint32_t>(line.size()),
-                                           pos, tok);
+  return mota::config::base_config_item::get_token(line, pos, tok);
 }
 
 struct single_case {
