@@ -134,10 +134,11 @@ int file_item::parse_comment(const strings::ustring8& text, unsigned& position, 
 void file_item::parse(const strings::ustring8& text) {
   lexer lex(text);
   // Settings lines are rarely shorter than this; sizing the table once avoids rehashing.
-  m_tree.reserve(m_tree.size() + text.size() / 48);
+  m_tree.reserve(m_tree.size() + text.size() / 32);
   std::string prefix, key;
   strings::ustring8 value, element;
-  generic::varg_list elements;
+  // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
+  std::vector<std::pair<std::string, types::variant>> elements;
   for (;;) {
     int kind = lex.next();
     if (kind == T::T_END) return;
@@ -191,7 +192,7 @@ void file_item::parse(const strings::ustring8& text) {
     element.clear();
     bool after_text = false;
     auto flush = [&] {
-      if (!element.empty()) elements.push_back(generic::argument(types::variant(element)));
+      if (!element.empty()) elements.emplace_back(std::string(), types::variant(element));
       element.clear();
     };
     for (;;) {
@@ -215,7 +216,7 @@ void file_item::parse(const strings::ustring8& text) {
       after_text = true;
     }
     flush();
-    set_array(prefix + key, generic::varg_list(), elements);
+    if (!(prefix.empty() && key.empty())) m_tree.set_array(prefix + key, elements);
   }
 }
 
