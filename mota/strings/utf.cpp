@@ -182,10 +182,19 @@ inline bool ascii_block(const unsigned short* src) {
 }
 
 inline bool ascii_block(const wchar_t* src) {
+#if defined(MOTA_UTF_SSE2)
+  const __m128i* p = reinterpret_cast<const __m128i*>(src);
+  const __m128i any =
+      _mm_and_si128(_mm_or_si128(_mm_or_si128(_mm_loadu_si128(p), _mm_loadu_si128(p + 1)),
+                                 _mm_or_si128(_mm_loadu_si128(p + 2), _mm_loadu_si128(p + 3))),
+                    _mm_set1_epi32(static_cast<int>(0xFFFFFF80u)));
+  return _mm_movemask_epi8(_mm_cmpeq_epi32(any, _mm_setzero_si128())) == 0xFFFF;
+#else
   std::uint32_t any = 0;
   for (unsigned int j = 0; j < 16; ++j)
     any |= static_cast<std::uint32_t>(src[j]);
   return any < 0x80;
+#endif
 }
 
 // UTF-8 bytes to 16- or 32-bit units: converts the ASCII run at src[i] and moves i and k past
@@ -273,40 +282,43 @@ inline void release_slack(ustring8& output) {
 // words can be stored; false on a bad surrogate.
 bool encode_utf16_as_utf8(const unsigned short* src, std::size_t n, unsigned char* out,
                           std::size_t& written) {
-  // A local count: stores through unsigned char* could alias a referenced one.
-  std::size_t k = written;
-  std::size_t i = 0;
-  while (i < n) {
-    if (i + 16 <= n && ascii_block(src + i)) {
-      narrow_ascii(src + i, 16, out + k);
-      i += 16;
-      k += 16;
-      continue;
-    }
-    const std::size_t block_end = std::min(n, i + 16);
-    while (i < block_end) {
-      const std::uint32_t u = src[i];
-      if (u < 0x80) {
-        out[k++] = static_cast<unsigned char>(u);
-        ++i;
-      } else if (u < 0x800) {
-        store16(out + k, (0xC0 | (u >> 6)) | ((0x80 | (u & 0x3F)) << 8));
-        k += 2;
-        ++i;
-      } else if ((u & 0xF800) != 0xD800) {
-        store32(out + k, (0xE0 | (u >> 12)) | ((0x80 | ((u >> 6) & 0x3F)) << 8) |
-                             ((0x80 | (u & 0x3F)) << 16));
-        k += 3;
-        ++i;
-      } else {
-        if (u >= 0xDC00 || i + 1 >= n || !is_low_surrogate(src[i + 1])) return false;
-        store32(out + k, utf8_word_supplementary(combine_pair(u, src[i + 1])));
-        k += 4;
-        i += 2;
+  // Pointers rather than a referenced count: stores through unsigned char* could alias it.
+  unsigned char* d = out + written;
+  const unsigned short* p = src;
+  const unsigned short* const end = src + n;
+  while (p < end) {
+    // At every 32-byte boundary an ASCII unit may start a run of whole ASCII blocks; testing at
+    // each unit would cost more than it saves in mixed text.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 31) == 0 && *p < 0x80) {
+      while (end - p >= 16 && ascii_block(p)) {
+        narrow_ascii(p, 16, d);
+        p += 16;
+        d += 16;
       }
+      if (p == end) break;
+    }
+    const std::uint32_t u = *p;
+    if (u < 0x800) {
+      // One or two bytes, chosen without a branch: mixed Latin text alternates unpredictably.
+      const std::uint32_t two = (0xC0 | (u >> 6)) | ((0x80 | (u & 0x3F)) << 8);
+      const std::uint32_t wide = u >= 0x80;
+      const std::uint32_t mask = 0u - wide;
+      store16(d, (u & ~mask) | (two & mask));
+      d += 1 + wide;
+      ++p;
+    } else if (u < 0xD800 || u >= 0xE000) {
+      store32(d,
+              (0xE0 | (u >> 12)) | ((0x80 | ((u >> 6) & 0x3F)) << 8) | ((0x80 | (u & 0x3F)) << 16));
+      d += 3;
+      ++p;
+    } else {
+      if (u >= 0xDC00 || end - p < 2 || !is_low_surrogate(p[1])) return false;
+      store32(d, utf8_word_supplementary(combine_pair(u, p[1])));
+      d += 4;
+      p += 2;
     }
   }
-  written = k;
+  written = static_cast<std::size_t>(d - out);
   return true;
 }
 
@@ -488,36 +500,41 @@ ustring8 utf32_to_utf8(const ustring32& text) {
   output.resize(ascii + 4 * (n - ascii));
   unsigned char* out = reinterpret_cast<unsigned char*>(&output[0]);
   narrow_ascii(src, ascii, out);
-  std::size_t i = ascii;
-  std::size_t k = ascii;
-  while (i < n) {
-    if (i + 16 <= n && ascii_block(src + i)) {
-      narrow_ascii(src + i, 16, out + k);
-      i += 16;
-      k += 16;
-      continue;
-    }
-    const std::size_t block_end = std::min(n, i + 16);
-    for (; i < block_end; ++i) {
-      // k + 4 never passes the size here, so whole words can be stored.
-      const std::uint32_t cp = static_cast<std::uint32_t>(src[i]);
-      if (cp < 0x80) {
-        out[k++] = static_cast<unsigned char>(cp);
-      } else if (cp < 0x800) {
-        store16(out + k, (0xC0 | (cp >> 6)) | ((0x80 | (cp & 0x3F)) << 8));
-        k += 2;
-      } else if (cp < 0x10000) {
-        if ((cp & 0xF800) == 0xD800) return failure8();
-        store32(out + k, (0xE0 | (cp >> 12)) | ((0x80 | ((cp >> 6) & 0x3F)) << 8) |
-                             ((0x80 | (cp & 0x3F)) << 16));
-        k += 3;
-      } else {
-        // Above 0x10FFFF the code point is dropped: the word is stored but not kept.
-        store32(out + k, utf8_word_supplementary(cp));
-        k += cp <= 0x10FFFF ? 4 : 0;
+  const wchar_t* p = src + ascii;
+  const wchar_t* const end = src + n;
+  unsigned char* d = out + ascii;
+  while (p < end) {
+    // At every 64-byte boundary an ASCII code point may start a run of whole ASCII blocks.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 63) == 0 && static_cast<std::uint32_t>(*p) < 0x80) {
+      while (end - p >= 16 && ascii_block(p)) {
+        narrow_ascii(p, 16, d);
+        p += 16;
+        d += 16;
       }
+      if (p == end) break;
+    }
+    // d + 4 never passes the size here (at most four bytes per code point), so whole words can
+    // be stored.
+    const std::uint32_t cp = static_cast<std::uint32_t>(*p++);
+    if (cp < 0x800) {
+      // One or two bytes, chosen without a branch: mixed Latin text alternates unpredictably.
+      const std::uint32_t two = (0xC0 | (cp >> 6)) | ((0x80 | (cp & 0x3F)) << 8);
+      const std::uint32_t wide = cp >= 0x80;
+      const std::uint32_t mask = 0u - wide;
+      store16(d, (cp & ~mask) | (two & mask));
+      d += 1 + wide;
+    } else if (cp < 0x10000) {
+      if ((cp & 0xF800) == 0xD800) return failure8();
+      store32(d, (0xE0 | (cp >> 12)) | ((0x80 | ((cp >> 6) & 0x3F)) << 8) |
+                     ((0x80 | (cp & 0x3F)) << 16));
+      d += 3;
+    } else {
+      // Above 0x10FFFF the code point is dropped: the word is stored but not kept.
+      store32(d, utf8_word_supplementary(cp));
+      d += cp <= 0x10FFFF ? 4 : 0;
     }
   }
+  const std::size_t k = static_cast<std::size_t>(d - out);
   output.resize(k);
   release_slack(output);
   return output;
