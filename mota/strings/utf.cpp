@@ -456,38 +456,40 @@ ustring32 utf16_to_utf32(const ustring16& text) {
   }
   ustring32 output;
   output.resize(n);
-  wchar_t* out = &output[0];
-  std::size_t i = 0;
-  std::size_t k = 0;
-  while (i < n) {
+  wchar_t* const out = &output[0];
+  wchar_t* d = out;
+  const unsigned short* p = src;
+  const unsigned short* const end = src + n;
+  while (p < end) {
 #if defined(MOTA_UTF_SSE2)
-    // A block of eight units without surrogates widens at once; k never passes i, so the
-    // stores stay inside the output.
-    if (i + 8 <= n) {
-      const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i));
-      const __m128i masked = _mm_and_si128(v, _mm_set1_epi16(static_cast<short>(0xF800)));
-      if (_mm_movemask_epi8(_mm_cmpeq_epi16(masked, _mm_set1_epi16(static_cast<short>(0xD800)))) ==
-          0) {
-        const __m128i zero = _mm_setzero_si128();
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k), _mm_unpacklo_epi16(v, zero));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k + 4), _mm_unpackhi_epi16(v, zero));
-        i += 8;
-        k += 8;
-        continue;
+    // At every 16-byte boundary a run of blocks of eight units without surrogates widens at
+    // once; d never passes the matching input position, so the stores stay inside the output.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 15) == 0) {
+      const __m128i zero = _mm_setzero_si128();
+      const __m128i mask = _mm_set1_epi16(static_cast<short>(0xF800));
+      const __m128i surrogate = _mm_set1_epi16(static_cast<short>(0xD800));
+      while (end - p >= 8) {
+        const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(v, mask), surrogate)) != 0) break;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm_unpacklo_epi16(v, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 4), _mm_unpackhi_epi16(v, zero));
+        p += 8;
+        d += 8;
       }
+      if (p == end) break;
     }
 #endif
-    const std::size_t block_end = std::min(n, i + 8);
-    while (i < block_end) {
-      const std::uint32_t u = src[i];
-      const std::uint32_t next = i + 1 < n ? src[i + 1] : 0;
-      const bool high = is_high_surrogate(u);
-      if (is_low_surrogate(u) || (high && !is_low_surrogate(next))) return failure32();
-      out[k++] = static_cast<wchar_t>(high ? combine_pair(u, next) : u);
-      i += high ? 2 : 1;
+    const std::uint32_t u = *p;
+    if (u < 0xD800 || u >= 0xE000) {
+      *d++ = static_cast<wchar_t>(u);
+      ++p;
+    } else {
+      if (u >= 0xDC00 || end - p < 2 || !is_low_surrogate(p[1])) return failure32();
+      *d++ = static_cast<wchar_t>(combine_pair(u, p[1]));
+      p += 2;
     }
   }
-  output.resize(k);
+  output.resize(static_cast<std::size_t>(d - out));
   return output;
 }
 
@@ -540,59 +542,78 @@ ustring8 utf32_to_utf8(const ustring32& text) {
   return output;
 }
 
+namespace {
+
+#if defined(MOTA_UTF_SSE2)
+// True when the eight code points at src all lie in 0..0xD7FF (one unit each, no check due).
+inline bool plain_bmp_block(const wchar_t* src, __m128i& a, __m128i& b) {
+  const __m128i* p = reinterpret_cast<const __m128i*>(src);
+  a = _mm_loadu_si128(p);
+  b = _mm_loadu_si128(p + 1);
+  const __m128i limit = _mm_set1_epi32(0xD800);
+  const __m128i below = _mm_set1_epi32(-1);
+  const __m128i ok =
+      _mm_and_si128(_mm_and_si128(_mm_cmplt_epi32(a, limit), _mm_cmpgt_epi32(a, below)),
+                    _mm_and_si128(_mm_cmplt_epi32(b, limit), _mm_cmpgt_epi32(b, below)));
+  return _mm_movemask_epi8(ok) == 0xFFFF;
+}
+
+// Stores the eight code points of a plain block as units (biased by 0x8000 for the signed
+// pack).
+inline void store_plain_bmp_block(unsigned short* out, __m128i a, __m128i b) {
+  const __m128i bias = _mm_set1_epi32(0x8000);
+  const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(a, bias), _mm_sub_epi32(b, bias));
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(out),
+                   _mm_add_epi16(packed, _mm_set1_epi16(static_cast<short>(0x8000))));
+}
+#endif
+
+}  // namespace
+
 ustring16 utf32_to_utf16(const ustring32& text) {
   const wchar_t* src = text.data();
   const std::size_t n = text.size();
-  // One unit per code point until the first pair; then the output grows by the pairs still
-  // ahead. One spare unit: both units of a pair are always stored. The comparisons are on the
+  // The leading run of code points below 0xD800 takes one unit each; the rest is checked and
+  // its pairs counted first, so that the output is sized once. The comparisons are on the
   // signed value, so a negative one is stored as one (cut) unit.
+  std::size_t plain = 0;
+#if defined(MOTA_UTF_SSE2)
+  __m128i a;
+  __m128i b;
+  while (plain + 8 <= n && plain_bmp_block(src + plain, a, b))
+    plain += 8;
+#endif
+  std::size_t pairs = 0;
+  bool bad = false;
+  for (std::size_t i = plain; i < n; ++i) {
+    const std::int32_t cp = static_cast<std::int32_t>(src[i]);
+    bad |= (cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF;
+    pairs += cp >= 0xFFFF;
+  }
+  if (bad) return failure16();
   ustring16 output;
-  output.resize(n + 1);
+  output.resize(n + pairs + 1);  // one spare unit: both units of a pair are always stored
   unsigned short* out = &output[0];
-  bool grown = false;
   std::size_t i = 0;
   std::size_t k = 0;
   while (i < n) {
 #if defined(MOTA_UTF_SSE2)
-    // Eight code points from 0 to 0xD7FF narrow at once (biased by 0x8000 for the signed
-    // pack). k never passes i + (pairs so far), within the size.
-    if (i + 8 <= n) {
-      const __m128i* p = reinterpret_cast<const __m128i*>(src + i);
-      const __m128i a = _mm_loadu_si128(p);
-      const __m128i b = _mm_loadu_si128(p + 1);
-      const __m128i limit = _mm_set1_epi32(0xD800);
-      const __m128i below = _mm_set1_epi32(-1);
-      const __m128i ok =
-          _mm_and_si128(_mm_and_si128(_mm_cmplt_epi32(a, limit), _mm_cmpgt_epi32(a, below)),
-                        _mm_and_si128(_mm_cmplt_epi32(b, limit), _mm_cmpgt_epi32(b, below)));
-      if (_mm_movemask_epi8(ok) == 0xFFFF) {
-        const __m128i bias = _mm_set1_epi32(0x8000);
-        const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(a, bias), _mm_sub_epi32(b, bias));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k),
-                         _mm_add_epi16(packed, _mm_set1_epi16(static_cast<short>(0x8000))));
-        i += 8;
-        k += 8;
-        continue;
-      }
+    if (i + 8 <= n && plain_bmp_block(src + i, a, b)) {
+      store_plain_bmp_block(out + k, a, b);
+      i += 8;
+      k += 8;
+      continue;
     }
 #endif
     const std::size_t block_end = std::min(n, i + 8);
     for (; i < block_end; ++i) {
-      const std::int32_t cp = static_cast<std::int32_t>(src[i]);
-      if ((cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF) return failure16();
-      const bool pair = cp >= 0xFFFF;
-      if (pair && !grown) {
-        std::size_t pairs = 0;
-        for (std::size_t j = i; j < n; ++j)
-          pairs += static_cast<std::int32_t>(src[j]) >= 0xFFFF;
-        output.resize(n + pairs + 1);
-        out = &output[0];
-        grown = true;
-      }
+      const std::uint32_t cp = static_cast<std::uint32_t>(src[i]);
+      const std::uint32_t pair = static_cast<std::int32_t>(cp) >= 0xFFFF;
+      const std::uint32_t mask = 0u - pair;
       // The library's own pairing: no 0x10000 is subtracted before the split (intended).
-      out[k] = static_cast<unsigned short>(pair ? (cp >> 10) + 0xD800 : cp);
+      out[k] = static_cast<unsigned short>((cp & ~mask) | (((cp >> 10) + 0xD800) & mask));
       out[k + 1] = static_cast<unsigned short>(0xDC00 | (cp & 0x3FF));
-      k += pair ? 2 : 1;
+      k += 1 + pair;
     }
   }
   output.resize(k);
