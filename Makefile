@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 20
 
-.PHONY: all deps build test test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
+.PHONY: all deps build test test-i386 test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
 
 all: build
 
@@ -20,6 +20,14 @@ test-sanitize: deps
 	cmake --preset sanitize
 	cmake --build --preset sanitize -j $(JOBS)
 	ctest --preset sanitize -j $(JOBS)
+
+# The whole suite on 32-bit x86. Exits 0 with an "i386: SKIPPED (reason)" line when the 32-bit
+# toolchain cannot be installed here; any build or test failure once installed is an error.
+test-i386: deps
+	@reason=$$(bash scripts/install-i386.sh); rc=$$?; \
+	if [ $$rc -eq 3 ]; then echo "i386: SKIPPED ($$reason)"; exit 0; fi; \
+	if [ $$rc -ne 0 ]; then echo "$$reason"; exit $$rc; fi; \
+	cmake --preset i386 && cmake --build --preset i386 -j $(JOBS) && ctest --preset i386 -j $(JOBS)
 
 bench-build: deps
 	cmake --preset bench

@@ -25,5 +25,7 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/motaConfigVersion.cmake"
 install(FILES "${PROJECT_BINARY_DIR}/motaConfig.cmake" "${PROJECT_BINARY_DIR}/motaConfigVersion.cmake"
   DESTINATION "${MOTA_CMAKE_DIR}")
 
+# The .pc file finds its prefix relative to its own folder, so an installed tree can be moved.
+file(RELATIVE_PATH MOTA_PC_UP "/root/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/root")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/mota.pc.in" "${PROJECT_BINARY_DIR}/mota.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/mota.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
