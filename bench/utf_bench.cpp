@@ -1,8 +1,10 @@
 // Throughput of the six UTF conversions beside ICU on the same 1 MiB texts of four kinds.
 // Figures are in bytes of input per second. The library returns a fresh string per call; ICU
-// writes into a buffer allocated once outside the timed loop (its most favourable use).
+// writes into a buffer allocated once outside the timed loop (its most favourable use); the
+// icu_alloc_ variant allocates a fresh destination per call, as the library has to.
 // utf8->32 and utf32->8 have no whole-string ICU function; ICU's U8_NEXT / U8_APPEND_UNSAFE
-// loops stand in for them.
+// loops stand in for them. Run with --benchmark_repetitions: the fastest run of each is the
+// least disturbed on a shared machine.
 #include <mota/strings/utf.hpp>
 
 #include <benchmark/benchmark.h>

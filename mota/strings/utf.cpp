@@ -84,8 +84,8 @@ ustring32 failure32() {
 }
 
 // --- block helpers ---------------------------------------------------------------------------
-// The converters work in blocks of 16 elements: a block of plain elements goes through SIMD
-// (or 64-bit words without SSE2), any other block element by element.
+// Runs of plain elements (ASCII, or units without surrogates) go through SSE2 blocks (64-bit
+// words or plain loops without SSE2); everything else element by element.
 
 inline void store16(unsigned char* out, std::uint32_t v) {
   const std::uint16_t w = static_cast<std::uint16_t>(v);
@@ -95,10 +95,9 @@ inline void store32(unsigned char* out, std::uint32_t v) {
   std::memcpy(out, &v, 4);
 }
 
-// Little-endian byte order of the words built below is fixed by the shifts, not by the
-// machine: the stores go through memcpy of a value whose bytes are laid out lowest first on
-// the little-endian targets this library builds for.
-static_assert(sizeof(std::uint32_t) == 4, "32-bit words expected");
+// The encoders build the bytes of a character into a word, first byte lowest, and store the
+// word whole: that needs a little-endian machine (every x86 target is one).
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "word stores expect little-endian");
 
 inline std::uint32_t utf8_word_supplementary(std::uint32_t cp) {
   return (0xF0 | (cp >> 18)) | ((0x80 | ((cp >> 12) & 0x3F)) << 8) |
