@@ -55,6 +55,7 @@ TEST(MemPrefixIndex, UnitTable) {
 }
 
 TEST(FormatDouble, PrecisionAndFieldSize) {
+  const std::string cut63 = std::string(62, ' ') + "1";
   const struct {
     double value;
     ustring8 format;
@@ -72,6 +73,9 @@ TEST(FormatDouble, PrecisionAndFieldSize) {
       {12345.678, spec({"fieldsize", "4"}), "1.23"},
       {12345.678, spec({"precision", "1", "fieldsize", "10"}), "   12345.7"},
       {-0.4, spec({"precision", "0"}), "-0"},
+      {0.125, spec({"precision", "2"}), "0.12"},  // exact binary halves round to even
+      // the exponent form goes through 64 bytes: its padding is cut at 63 characters
+      {1e80, spec({"fieldsize", "70"}), cut63.c_str()},
       // negative values clamp to 0
       {2.25, spec({"precision", "-3"}), "2"},
       {2.25, spec({"fieldsize", "-3"}), "2.25"},

@@ -2,6 +2,8 @@
 
 #include <mota/generic/convert/x_to_str.hpp>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -92,20 +94,41 @@ void append_printf(std::string& out, const char* fmt, Args... args) {
   out.resize(old + static_cast<std::size_t>(n));
 }
 
+// Writes `value` like printf's "%.Pf" (fixed) or "%.Pe" (scientific) into `buf`; returns the
+// length. std::to_chars gives the same, correctly rounded, text without printf's overhead.
+std::size_t write_double(char* buf, std::size_t size, double value, int precision, bool fixed) {
+  auto result =
+      std::to_chars(buf, buf + size, value,
+                    fixed ? std::chars_format::fixed : std::chars_format::scientific, precision);
+  if (result.ec == std::errc()) return static_cast<std::size_t>(result.ptr - buf);
+  int n = std::snprintf(buf, size, fixed ? "%.*f" : "%.*e", precision, value);
+  return n < 0 ? 0 : std::min(static_cast<std::size_t>(n), size - 1);
+}
+
 // The fixed-point rules of format_double with the precision and field size already read.
+void append_double(std::string& out, double value, int precision, int fieldsize) {
+  // 309 integer digits, the point, 340 fraction digits and a sign fit.
+  char buf[700];
+  std::size_t n = write_double(buf, sizeof(buf), value, precision, true);
+  // "%-32.Pf" with its trailing blanks cut is the plain "%.Pf" text.
+  if (fieldsize <= 0 || n <= static_cast<std::size_t>(fieldsize)) {
+    if (n < static_cast<std::size_t>(fieldsize)) out.append(fieldsize - n, ' ');
+    out.append(buf, n);
+    return;
+  }
+  // Too wide: "%N.Pe" written into 64 bytes (so at most 63 characters), then cut to N.
+  n = write_double(buf, sizeof(buf), value, precision, false);
+  std::string text;
+  if (n < static_cast<std::size_t>(fieldsize)) text.assign(fieldsize - n, ' ');
+  text.append(buf, n);
+  if (text.size() > 63) text.resize(63);
+  if (text.size() > static_cast<std::size_t>(fieldsize)) text.resize(fieldsize);
+  out.append(text);
+}
+
 strings::ustring8 print_double(double value, int precision, int fieldsize) {
   strings::ustring8 out;
-  if (fieldsize <= 0) {
-    // "%-32.Pf" with its trailing blanks cut is the plain "%.Pf" text.
-    append_printf(out, "%.*f", precision, value);
-    return out;
-  }
-  append_printf(out, "%*.*f", fieldsize, precision, value);
-  if (out.size() <= static_cast<std::size_t>(fieldsize)) return out;
-  char buf[64];  // the exponent form is written into 64 bytes, so at most 63 characters
-  std::snprintf(buf, sizeof(buf), "%*.*e", fieldsize, precision, value);
-  out.assign(buf);
-  if (out.size() > static_cast<std::size_t>(fieldsize)) out.resize(fieldsize);
+  append_double(out, value, precision, fieldsize);
   return out;
 }
 
@@ -159,8 +182,7 @@ int pick_unit(double value, int base, int low, int high, double step, PrecisionO
 
 }  // namespace
 
-strings::ustring8 format_int(long long value, const strings::ustring8& format) {
-  std::string_view spec(format);
+strings::ustring8 format_int_spec(long long value, std::string_view spec) {
   unsigned int radix = 10;
   const char* prefix = "";
   bool spaced = false;
@@ -230,15 +252,13 @@ strings::ustring8 format_int(long long value, const strings::ustring8& format) {
   return out;
 }
 
-strings::ustring8 format_double(double value, const strings::ustring8& format) {
-  std::string_view spec(format);
+strings::ustring8 format_double_spec(double value, std::string_view spec) {
   int precision = read_int_key(spec, "precision", 2, kMaxPrecision);
   int fieldsize = read_int_key(spec, "fieldsize", 0, kMaxFieldSize);
   return print_double(value, precision, fieldsize);
 }
 
-strings::ustring8 format_duration(double seconds, const strings::ustring8& format) {
-  std::string_view spec(format);
+strings::ustring8 format_duration_spec(double seconds, std::string_view spec) {
   std::string_view short_value;
   bool short_form = find_key(spec, "short_form", short_value) && short_value == "true";
   // The seconds are written with the precision of "prec".
@@ -278,9 +298,8 @@ strings::ustring8 format_duration(double seconds, const strings::ustring8& forma
   return out;
 }
 
-strings::ustring8 format_memory(const types::variant& value, const strings::ustring8& format,
-                                strings::ustring8& unit) {
-  std::string_view spec(format);
+strings::ustring8 format_memory_spec(const types::variant& value, std::string_view spec,
+                                     strings::ustring8& unit) {
   std::string_view text;
   int base = find_key(spec, "base_unit", text) ? mem_prefix_index(strings::ustring8(text)) : 0;
   bool any = true;
@@ -312,9 +331,8 @@ strings::ustring8 format_memory(const types::variant& value, const strings::ustr
                       read_int_key(spec, "fieldsize", 0, kMaxFieldSize));
 }
 
-strings::ustring8 format_metric(const types::variant& value, const strings::ustring8& format,
-                                strings::ustring8& unit) {
-  std::string_view spec(format);
+strings::ustring8 format_metric_spec(const types::variant& value, std::string_view spec,
+                                     strings::ustring8& unit) {
   std::string_view text;
   int base = find_key(spec, "base_unit", text) ? thousands(strings::ustring8(text)) : 0;
   bool any = true;
@@ -337,6 +355,28 @@ strings::ustring8 format_metric(const types::variant& value, const strings::ustr
   double scaled = rescale(amount, base, target, 1000.0);
   unit = (short_form ? kMetricShort : kMetricLong)[target - kMetricLow];
   return print_double(scaled, precision, read_int_key(spec, "fieldsize", 0, kMaxFieldSize));
+}
+
+strings::ustring8 format_int(long long value, const strings::ustring8& format) {
+  return format_int_spec(value, format);
+}
+
+strings::ustring8 format_double(double value, const strings::ustring8& format) {
+  return format_double_spec(value, format);
+}
+
+strings::ustring8 format_duration(double seconds, const strings::ustring8& format) {
+  return format_duration_spec(seconds, format);
+}
+
+strings::ustring8 format_memory(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit) {
+  return format_memory_spec(value, format, unit);
+}
+
+strings::ustring8 format_metric(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit) {
+  return format_metric_spec(value, format, unit);
 }
 
 int thousands(const strings::ustring8& prefix) {

@@ -30,6 +30,8 @@
 #include <mota/strings/ustring.hpp>
 #include <mota/types/variant.hpp>
 
+#include <string_view>
+
 namespace MOTA_2_18 {
 namespace i18n {
 namespace _private {
@@ -63,6 +65,16 @@ MOTA_API int thousands(const strings::ustring8& prefix);
 // The power of 1024 of a memory unit: 0 for "B", 1..8 for "KB" .. "YB" (only the first two
 // bytes are looked at); -1 for anything else.
 MOTA_API int mem_prefix_index(const strings::ustring8& unit);
+
+// The same formatters over a specification held anywhere (not exported; format_value uses
+// them to avoid copying the specification out of the item's text).
+strings::ustring8 format_int_spec(long long value, std::string_view spec);
+strings::ustring8 format_double_spec(double value, std::string_view spec);
+strings::ustring8 format_duration_spec(double seconds, std::string_view spec);
+strings::ustring8 format_memory_spec(const types::variant& value, std::string_view spec,
+                                     strings::ustring8& unit);
+strings::ustring8 format_metric_spec(const types::variant& value, std::string_view spec,
+                                     strings::ustring8& unit);
 
 }  // namespace _private
 }  // namespace i18n
