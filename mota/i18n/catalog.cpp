@@ -2,6 +2,8 @@
 
 #include <mota/strings/utf.hpp>
 
+#include <utility>
+
 namespace MOTA_2_18 {
 namespace i18n {
 
@@ -54,6 +56,10 @@ const message_t& catalog_t::message(const strings::ustring32& name) const {
 void catalog_t::message(const strings::ustring8& name, const message_t& message) {
   if (!m_languages.empty()) m_languages.clear();
   m_messages[name] = message;
+}
+void catalog_t::message(const strings::ustring8& name, message_t&& message) {
+  if (!m_languages.empty()) m_languages.clear();
+  m_messages[name] = std::move(message);
 }
 void catalog_t::message(const strings::ustring16& name, const message_t& message) {
   this->message(strings::utf16_to_utf8(name), message);

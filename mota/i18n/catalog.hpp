@@ -57,6 +57,7 @@ class MOTA_API catalog_t {
   // Inserts or replaces the message; the language set is cleared so that it is rebuilt on
   // next use.
   void message(const strings::ustring8& name, const message_t& message);
+  void message(const strings::ustring8& name, message_t&& message);
   void message(const strings::ustring16& name, const message_t& message);
   void message(const strings::ustring32& name, const message_t& message);
 

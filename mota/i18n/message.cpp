@@ -2,6 +2,8 @@
 
 #include <mota/strings/utf.hpp>
 
+#include <utility>
+
 namespace MOTA_2_18 {
 namespace i18n {
 
@@ -11,6 +13,10 @@ message_t::message_t(const strings::ustring8& name, const items_type& items)
 message_t::message_t(const strings::ustring8& name, const items_type& items,
                      const strings::ustring8& meta)
     : m_name(name), m_items(items), m_meta(meta) {}
+
+message_t::message_t(const strings::ustring8& name, items_type&& items,
+                     const strings::ustring8& meta)
+    : m_name(name), m_items(std::move(items)), m_meta(meta) {}
 
 message_t::message_t(const types::nil_t&) {}
 

@@ -30,6 +30,8 @@ class MOTA_API message_t {
   message_t(const strings::ustring8& name, const items_type& items);
   // The third argument is the meta text.
   message_t(const strings::ustring8& name, const items_type& items, const strings::ustring8& meta);
+  // Takes the items over instead of copying them.
+  message_t(const strings::ustring8& name, items_type&& items, const strings::ustring8& meta);
   message_t(const message_t&) = default;
   message_t(message_t&&) noexcept = default;
   // An empty message.

@@ -149,7 +149,8 @@ message_catalogs::result_type message_catalogs::load_file_impl(
   loader_t loader;
   loader_t::load_error error =
       catalog_id ? loader.parse(file, locale, *catalog_id) : loader.parse(file, locale);
-  if (error.type == loader_t::no_error) loader.combine_data(m_catalogs);
+  // combine_data's merge, moving the messages: the loader is not used again.
+  if (error.type == loader_t::no_error) loader.move_data(m_catalogs);
   return result_type(error);
 }
 

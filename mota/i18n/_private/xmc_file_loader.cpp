@@ -281,7 +281,7 @@ class xmc_token_reader {
         try {
           message_t message = parse_message();
           message._orginal_locale(lang);
-          m_loader.set_message(message, name);
+          m_loader.store_message(std::move(message), name);
         } catch (load_error& e) {
           e.append_error_stack(load_error::in_catalog, name);
           throw;
@@ -349,7 +349,7 @@ class xmc_token_reader {
             if (value() != "msg") throw load_error(xmc_file_loader::msg_end_tag_missing, name);
             ++m_pos;
             if (!piece.empty()) items.emplace_back(piece);
-            return message_t(name, items, meta);
+            return message_t(name, std::move(items), meta);
           default:
             throw load_error(xmc_file_loader::msg_end_tag_missing, name);
         }
@@ -652,6 +652,31 @@ void xmc_file_loader::set_message(const message_t& message, const strings::ustri
       get_locale_weight(stored._orginal_locale()) < get_locale_weight(message._orginal_locale())) {
     stored = message;
   }
+}
+
+void xmc_file_loader::store_message(message_t&& message, const strings::ustring8& catalog) {
+  message_t& stored = m_data[catalog][message.name()];
+  if (stored == types::nil ||
+      get_locale_weight(stored._orginal_locale()) < get_locale_weight(message._orginal_locale())) {
+    stored = std::move(message);
+  }
+}
+
+void xmc_file_loader::move_data(catalog_map& catalogs) {
+  for (auto& entry : m_data) {
+    memory::pointers::shared_pointer<catalog_t>& target = catalogs[entry.first];
+    if (!target) target.reset(new catalog_t);
+    target->_name(entry.first);
+    for (auto& item : entry.second) {
+      const message_t& existing = target->message(item.first);
+      if (existing != types::nil && get_locale_weight(existing._orginal_locale()) >
+                                        get_locale_weight(item.second._orginal_locale())) {
+        continue;
+      }
+      target->message(item.first, std::move(item.second));
+    }
+  }
+  m_data.clear();
 }
 
 void xmc_file_loader::combine_data(catalog_map& catalogs) const {

@@ -118,6 +118,8 @@ class MOTA_API xmc_file_loader {
   // Merges the loaded messages into `catalogs`: a message already there is replaced unless
   // its locale weighs strictly more than the new one.
   void combine_data(catalog_map& catalogs) const;
+  // The same merge, moving the messages out of this loader (its data is left empty).
+  void move_data(catalog_map& catalogs);
 
   const std::vector<strings::ustring8>& languages() const { return m_languages; }
   const data_map& data() const { return m_data; }
@@ -125,6 +127,9 @@ class MOTA_API xmc_file_loader {
 
  private:
   friend class xmc_token_reader;
+
+  // set_message for a message the caller no longer needs.
+  void store_message(message_t&& message, const strings::ustring8& catalog);
 
   std::vector<strings::ustring8> m_languages;
   data_map m_data;
