@@ -1,0 +1,299 @@
+#include <mota/generic/convert/str_to_x.hpp>
+
+#include <mota/exceptions/logic_error.hpp>
+#include <mota/exceptions/runtime_error.hpp>
+
+#include <mota_test.hpp>
+
+#include <cstring>
+#include <limits>
+#include <string>
+
+namespace convert = mota::generic::convert;
+namespace ex = mota::exceptions;
+using mota::types::radix_t;
+
+namespace {
+
+radix_t::base rdx(unsigned int r) {
+  return static_cast<radix_t::base>(r);
+}
+
+std::basic_string<unsigned short> u16(const char* s) {
+  std::basic_string<unsigned short> out;
+  for (; *s; ++s)
+    out.push_back(static_cast<unsigned char>(*s));
+  return out;
+}
+
+std::wstring u32(const char* s) {
+  std::wstring out;
+  for (; *s; ++s)
+    out.push_back(static_cast<unsigned char>(*s));
+  return out;
+}
+
+struct int_case {
+  const char* text;
+  unsigned int radix;
+  int expected;
+};
+
+// Every character width must give the same result for the same text.
+void expect_int_all_widths(const int_case& c) {
+  SCOPED_TRACE(std::string("text '") + c.text + "' radix " + std::to_string(c.radix));
+  EXPECT_EQ(c.expected, convert::str_to_int(c.text, 0, rdx(c.radix), false));
+  EXPECT_EQ(c.expected, convert::str_to_int(u16(c.text).c_str(), 0, rdx(c.radix), false));
+  EXPECT_EQ(c.expected, convert::str_to_int(u32(c.text).c_str(), 0, rdx(c.radix), false));
+}
+
+}  // namespace
+
+TEST(StrToInt, DetectsRadixFromPrefix) {
+  const int_case cases[] = {
+      {" \t-0x1F", 0, -31}, {"017", 0, 15},  {"0b101", 0, 5}, {"\\xff", 0, 255}, {"0X1f", 0, 31},
+      {"0B11", 0, 3},       {"\\17", 0, 15}, {"08", 0, 0},    {"0b2", 0, 0},     {"+42", 0, 42},
+      {"-0", 0, 0},         {"9x", 0, 9},    {"0x", 0, 0},    {"0b", 0, 0},      {"-0x", 0, 0},
+      {"0", 0, 0},          {"\\", 0, 0},    {"-", 0, 0},     {"+", 0, 0},       {"", 0, 0},
+      {" \n\v\f\r", 0, 0},  {"- 5", 0, 0},   {"+-5", 0, 0},   {"0xg", 0, 0},
+  };
+  for (const auto& c : cases)
+    expect_int_all_widths(c);
+}
+
+TEST(StrToInt, ExplicitRadixClassifiesDigits) {
+  const int_case cases[] = {
+      {"0x1F", 16, 0},   {"fF", 16, 255}, {"g", 16, 0},          {"zZ", 36, 35 * 36 + 35},
+      {"Y", 35, 34},     {"Z", 35, 0},    {"y", 35, 34},         {"z", 35, 0},
+      {"777", 8, 511},   {"778", 8, 63},  {"102", 2, 2},         {"9", 9, 0},
+      {"8", 9, 8},       {"A", 10, 0},    {"a", 11, 10},         {"[", 36, 0},
+      {"{", 36, 0},      {":", 36, 0},    {"@", 36, 0},          {"`", 36, 0},
+      {"12abc", 10, 12}, {"abc", 10, 0},  {"   ", 10, 0},        {"0b101", 10, 0},
+      {"017", 10, 17},   {"-17", 8, -15}, {" +1z", 36, 36 + 35},
+  };
+  for (const auto& c : cases)
+    expect_int_all_widths(c);
+}
+
+TEST(StrToInt, StopsAtSize) {
+  EXPECT_EQ(123, convert::str_to_int("12345", 3, radix_t::decimal, false));
+  EXPECT_EQ(0, convert::str_to_int("  12", 2, radix_t::decimal, false));
+  EXPECT_EQ(0, convert::str_to_int("-5", 1, radix_t::decimal, false));
+  EXPECT_EQ(0, convert::str_to_int("0x1F", 2, radix_t::detect, false));
+  EXPECT_EQ(1, convert::str_to_int("0x1F", 3, radix_t::detect, false));
+  EXPECT_EQ(0, convert::str_to_int("017", 1, radix_t::detect, false));
+  EXPECT_EQ(1, convert::str_to_int("017", 2, radix_t::detect, false));
+  // A buffer without a terminating zero is read exactly up to its size.
+  const char digits[3] = {'4', '5', '6'};
+  EXPECT_EQ(456, convert::str_to_int(digits, 3, radix_t::decimal, false));
+  EXPECT_EQ(456u, convert::str_to_uint32(digits, 3, radix_t::decimal, false));
+  const char blanks[2] = {' ', ' '};
+  EXPECT_EQ(0, convert::str_to_int(blanks, 2, radix_t::decimal, false));
+}
+
+TEST(StrToInt, WideCharactersOutsideAsciiEndTheNumber) {
+  const wchar_t arabic[] = {L'1', 0x0662, 0};
+  EXPECT_EQ(1, convert::str_to_int(arabic, 0, radix_t::decimal, false));
+  const wchar_t high[] = {L'7', static_cast<wchar_t>(0x80000031), 0};
+  EXPECT_EQ(7, convert::str_to_int(high, 0, radix_t::decimal, false));
+  const unsigned short fullwidth[] = {'3', 0xFF11, 0};
+  EXPECT_EQ(3, convert::str_to_int(fullwidth, 0, radix_t::decimal, false));
+  const char latin1[] = {'5', static_cast<char>(0xB9), 0};
+  EXPECT_EQ(5, convert::str_to_int(latin1, 0, radix_t::decimal, false));
+  // A wide blank beyond the byte range is not skipped.
+  const unsigned short nbsp[] = {0x3000, '4', 0};
+  EXPECT_EQ(0, convert::str_to_int(nbsp, 0, radix_t::decimal, false));
+}
+
+namespace {
+
+// A decimal text plus one.
+std::string increment(std::string digits) {
+  for (auto i = digits.size(); i-- > 0;) {
+    if (digits[i] != '9') {
+      ++digits[i];
+      return digits;
+    }
+    digits[i] = '0';
+  }
+  return "1" + digits;
+}
+
+// The four boundary texts of T in decimal: maximum, one past it, minimum, one below it.
+template <typename T>
+struct bounds {
+  std::string max = std::to_string(std::numeric_limits<T>::max());
+  std::string above = increment(max);
+  std::string min = std::to_string(std::numeric_limits<T>::min());
+  std::string below = min == "0" ? "-1" : "-" + increment(min.substr(1));
+};
+
+template <typename T, typename F>
+void expect_signed_limits(F parse) {
+  bounds<T> b;
+  SCOPED_TRACE(b.max);
+  constexpr T hi = std::numeric_limits<T>::max();
+  constexpr T lo = std::numeric_limits<T>::min();
+  EXPECT_EQ(hi, parse(b.max.c_str(), 0, radix_t::decimal, true));
+  EXPECT_EQ(hi, parse(b.above.c_str(), 0, radix_t::decimal, false));
+  EXPECT_EQ(hi, parse((b.above + "999").c_str(), 0, radix_t::decimal, false));
+  EXPECT_EQ(lo, parse(b.min.c_str(), 0, radix_t::decimal, true));
+  EXPECT_EQ(lo, parse(b.below.c_str(), 0, radix_t::decimal, false));
+  EXPECT_THROW_MSG(parse(b.above.c_str(), 0, radix_t::decimal, true), ex::overflow_error,
+                   "Number value is to large");
+  EXPECT_THROW_MSG(parse(b.below.c_str(), 0, radix_t::decimal, true), ex::underflow_error,
+                   "Number value is to small");
+}
+
+template <typename T, typename F>
+void expect_unsigned_limits(F parse) {
+  bounds<T> b;
+  SCOPED_TRACE(b.max);
+  constexpr T hi = std::numeric_limits<T>::max();
+  EXPECT_EQ(hi, parse(b.max.c_str(), b.max.size(), radix_t::decimal, true));
+  EXPECT_EQ(hi, parse(b.above.c_str(), b.above.size(), radix_t::decimal, false));
+  EXPECT_THROW_MSG(parse(b.above.c_str(), b.above.size(), radix_t::decimal, true),
+                   ex::overflow_error, "Number value is to large");
+  const std::string minus_above = "-" + b.above;
+  EXPECT_EQ(T(0), parse(minus_above.c_str(), minus_above.size(), radix_t::decimal, false));
+  EXPECT_THROW_MSG(parse(minus_above.c_str(), minus_above.size(), radix_t::decimal, true),
+                   ex::underflow_error, "Number value is to small");
+}
+
+}  // namespace
+
+#define MOTA_PARSER(name) \
+  [](const char* t, unsigned int s, radix_t::base r, bool f) { return convert::name(t, s, r, f); }
+
+TEST(StrToInt, ClampsAndThrowsAtEveryWidth) {
+  expect_signed_limits<signed char>(MOTA_PARSER(str_to_int8));
+  expect_signed_limits<short>(MOTA_PARSER(str_to_short));
+  expect_signed_limits<short>(MOTA_PARSER(str_to_int16));
+  expect_signed_limits<int>(MOTA_PARSER(str_to_int));
+  expect_signed_limits<int>(MOTA_PARSER(str_to_signed));
+  expect_signed_limits<std::int32_t>(MOTA_PARSER(str_to_int32));
+  expect_signed_limits<std::int32_t>(MOTA_PARSER(str_to_long));
+  expect_signed_limits<long long>(MOTA_PARSER(str_to_int64));
+  expect_unsigned_limits<unsigned char>(MOTA_PARSER(str_to_uint8));
+  expect_unsigned_limits<unsigned short>(MOTA_PARSER(str_to_uint16));
+  expect_unsigned_limits<unsigned int>(MOTA_PARSER(str_to_unsigned));
+  expect_unsigned_limits<std::uint32_t>(MOTA_PARSER(str_to_uint32));
+  expect_unsigned_limits<unsigned long long>(MOTA_PARSER(str_to_uint64));
+}
+
+TEST(StrToInt, LimitsInOtherRadixes) {
+  EXPECT_EQ(-128, convert::str_to_int8("-0x80", 0, radix_t::detect, true));
+  EXPECT_EQ(127, convert::str_to_int8("0x80", 0, radix_t::detect, false));
+  EXPECT_EQ(-128, convert::str_to_int8("-0b10000001", 0, radix_t::detect, false));
+  EXPECT_EQ(0x7fffffffffffffffLL,
+            convert::str_to_int64("0x7FFFFFFFFFFFFFFF", 0, radix_t::detect, true));
+  EXPECT_EQ(std::numeric_limits<long long>::min(),
+            convert::str_to_int64("-1000000000000000000000", 0, radix_t::detect, false));
+  EXPECT_EQ(0xffffffffffffffffULL,
+            convert::str_to_uint64("ffffffffffffffff", 16, radix_t::hexadecimal, true));
+  EXPECT_EQ(0xffffffffffffffffULL,
+            convert::str_to_uint64("3w5e11264sgsf", 13, radix_t::base_36, true));
+  EXPECT_THROW_MSG(convert::str_to_uint64("3w5e11264sgsg", 13, radix_t::base_36, true),
+                   ex::overflow_error, "Number value is to large");
+  EXPECT_EQ(255u, convert::str_to_uint8("377", 3, radix_t::octal, true));
+  EXPECT_EQ(255u, convert::str_to_uint8("400", 3, radix_t::octal, false));
+}
+
+TEST(StrToInt, LeadingZerosDoNotHideOverflow) {
+  EXPECT_EQ(2147483647, convert::str_to_int("0000000000002147483647", 0, radix_t::decimal, true));
+  EXPECT_EQ(2147483647, convert::str_to_int("0000000000002147483648", 0, radix_t::decimal, false));
+  EXPECT_EQ(std::numeric_limits<long long>::min(),
+            convert::str_to_int64(L"-0009223372036854775808", 0, radix_t::decimal, true));
+  EXPECT_EQ(255u, convert::str_to_uint8("0000255", 7, radix_t::decimal, true));
+  EXPECT_THROW_MSG(convert::str_to_uint8("0000256", 7, radix_t::decimal, true), ex::overflow_error,
+                   "Number value is to large");
+  EXPECT_EQ(0xFFFFu, convert::str_to_uint16("0000ffff", 8, radix_t::hexadecimal, true));
+  EXPECT_THROW_MSG(convert::str_to_uint16("00010000", 8, radix_t::hexadecimal, true),
+                   ex::overflow_error, "Number value is to large");
+  EXPECT_EQ(-32768, convert::str_to_int16(u16("-08000").c_str(), 6, radix_t::hexadecimal, true));
+  EXPECT_THROW_MSG(convert::str_to_int16(u16("-08001").c_str(), 6, radix_t::hexadecimal, true),
+                   ex::underflow_error, "Number value is to small");
+}
+
+TEST(StrToInt, RangeErrorsCarryParserName) {
+  try {
+    convert::str_to_int("2147483648", 0, radix_t::decimal, true);
+    ADD_FAILURE() << "no exception";
+  } catch (const ex::overflow_error& e) {
+    EXPECT_STREQ("strtointx", e.get_state().function);
+    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "generic/convert/str_to_x"));
+  }
+  try {
+    convert::str_to_uint16(L"-1", 2, radix_t::decimal, true);
+    ADD_FAILURE() << "no exception";
+  } catch (const ex::underflow_error& e) {
+    EXPECT_STREQ("strtouintx", e.get_state().function);
+  }
+}
+
+TEST(StrToInt, RejectsBadRadixWhateverTheFlag) {
+  const char* text = "101";
+  for (unsigned int radix : {1u, 37u, 100u, 0xFFFFFFFFu}) {
+    SCOPED_TRACE(radix);
+    for (bool flag : {false, true}) {
+      EXPECT_THROW_MSG(convert::str_to_int(text, 0, rdx(radix), flag), ex::invalid_argument_value,
+                       "invalid radix value, values of 0, 2-36 are the only valid values");
+      EXPECT_THROW_MSG(convert::str_to_uint64(text, 3, rdx(radix), flag),
+                       ex::invalid_argument_value,
+                       "invalid radix value, values of 0, 2-36 are the only valid values");
+    }
+  }
+  try {
+    convert::str_to_uint8(u16("7").c_str(), 1, rdx(37), false);
+    ADD_FAILURE() << "no exception";
+  } catch (const ex::invalid_argument_value& e) {
+    EXPECT_STREQ("strtouintx", e.get_state().function);
+  }
+  try {
+    convert::strtointx<long long, wchar_t>(L"7", 1, 1, false);
+    ADD_FAILURE() << "no exception";
+  } catch (const ex::invalid_argument_value& e) {
+    EXPECT_STREQ("strtointx", e.get_state().function);
+  }
+}
+
+TEST(StrToUint, MinusSign) {
+  EXPECT_EQ(0u, convert::str_to_uint32("-5", 2, radix_t::decimal, false));
+  EXPECT_THROW_MSG(convert::str_to_uint32("-5", 2, radix_t::decimal, true), ex::underflow_error,
+                   "Number value is to small");
+  EXPECT_EQ(0u, convert::str_to_uint32("-0", 2, radix_t::decimal, true));
+  EXPECT_EQ(0u, convert::str_to_uint32("-x", 2, radix_t::decimal, true));
+  EXPECT_EQ(7u, convert::str_to_uint32(" +7", 3, radix_t::decimal, true));
+  EXPECT_THROW_MSG(convert::str_to_uint8(u16("-0x1").c_str(), 4, radix_t::detect, true),
+                   ex::underflow_error, "Number value is to small");
+}
+
+TEST(StrToUint, SizeZeroReadsOneCharacter) {
+  EXPECT_EQ(1u, convert::str_to_uint32("123", 0, radix_t::decimal, false));
+  EXPECT_EQ(1u, convert::str_to_unsigned(L"123", 0, radix_t::detect, false));
+  EXPECT_EQ(0xFu, convert::str_to_uint64(u16("f00").c_str(), 0, radix_t::hexadecimal, false));
+  EXPECT_EQ(0u, convert::str_to_uint16(" 9", 0, radix_t::decimal, false));
+  EXPECT_EQ(0u, convert::str_to_uint16("-9", 0, radix_t::decimal, true));
+  EXPECT_EQ(0u, convert::str_to_uint16("0x9", 0, radix_t::detect, false));
+  EXPECT_EQ(0u, convert::str_to_uint16("", 0, radix_t::decimal, false));
+  // The signed parsers measure the text instead.
+  EXPECT_EQ(123, convert::str_to_int("123", 0, radix_t::decimal, false));
+}
+
+TEST(StrToInt, TemplatesMatchForwarders) {
+  EXPECT_EQ(-31, (convert::strtointx<int, char>(" -0x1F", 0, 0, false)));
+  EXPECT_EQ(-31L, (convert::strtointx<long, unsigned short>(u16("-0x1F").c_str(), 0, 0, false)));
+  EXPECT_EQ(31UL, (convert::strtouintx<unsigned long, wchar_t>(L"0x1F", 4, 0, false)));
+}
+
+TEST(IsSpace, FollowsTheCLibrary) {
+  for (int c = 0; c < 256; ++c) {
+    const bool expected = std::isspace(c) != 0;
+    EXPECT_EQ(expected, convert::is_space(static_cast<char>(c))) << c;
+    EXPECT_EQ(expected, convert::is_space(static_cast<unsigned short>(c))) << c;
+    EXPECT_EQ(expected, convert::is_space(static_cast<wchar_t>(c))) << c;
+  }
+  EXPECT_FALSE(convert::is_space(static_cast<unsigned short>(0x2000)));
+  EXPECT_FALSE(convert::is_space(static_cast<wchar_t>(-1)));
+  EXPECT_FALSE(convert::is_space(static_cast<wchar_t>(0x10020)));
+}

@@ -1,0 +1,67 @@
+#include <mota/strings/bom.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace s = mota::strings;
+
+namespace {
+s::ustring16 u16(std::initializer_list<unsigned short> units) {
+  return s::ustring16(units);
+}
+}  // namespace
+
+TEST(ByteOrder, SwapsEveryUnitCopyOrInPlace) {
+  const s::ustring16 text = u16({0x1234, 0x00FF, 0xFEFF});
+  const s::ustring16 swapped = u16({0x3412, 0xFF00, 0xFFFE});
+  EXPECT_EQ(swapped, s::swap_string_bytes_order(text));
+  s::ustring16 in_place = text;
+  s::modify_swap_string_bytes_order(in_place);
+  EXPECT_EQ(swapped, in_place);
+  EXPECT_EQ(s::ustring16(), s::swap_string_bytes_order(s::ustring16()));
+}
+
+TEST(ByteOrder, CheckBomSwapsOnlyWhenFirstUnitIsSwappedMark) {
+  struct {
+    s::ustring16 in;
+    s::ustring16 out;
+  } const cases[] = {
+      {u16({0xFFFE, 0x4100}), u16({0xFEFF, 0x0041})},
+      {u16({0xFEFF, 0x4100}), u16({0xFEFF, 0x4100})},
+      {u16({0x4100, 0xFFFE}), u16({0x4100, 0xFFFE})},
+      {u16({}), u16({})},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.out, s::check_BOM_and_swap(c.in));
+    s::ustring16 in_place = c.in;
+    s::check_BOM_and_modify_swap(in_place);
+    EXPECT_EQ(c.out, in_place);
+  }
+}
+
+TEST(RemoveBom, DropsOnlyTheMarkOfTheOwnEncoding) {
+  EXPECT_EQ(s::ustring8("A"), s::remove_BOM(s::ustring8("\xEF\xBB\xBF"
+                                                        "A")));
+  EXPECT_EQ(s::ustring8(""), s::remove_BOM(s::ustring8("\xEF\xBB\xBF")));
+  EXPECT_EQ(s::ustring8("\xEF\xBB"
+                        "A"),
+            s::remove_BOM(s::ustring8("\xEF\xBB"
+                                      "A")));
+  EXPECT_EQ(s::ustring8("A\xEF\xBB\xBF"), s::remove_BOM(s::ustring8("A\xEF\xBB\xBF")));
+  EXPECT_EQ(s::ustring8("\xEF\xBB\xBF"
+                        "A"),
+            s::remove_BOM(s::ustring8("\xEF\xBB\xBF\xEF\xBB\xBF"
+                                      "A")));  // only one mark
+
+  EXPECT_EQ(u16({0x41}), s::remove_BOM(u16({0xFEFF, 0x41})));
+  EXPECT_EQ(u16({0xFFFE, 0x41}), s::remove_BOM(u16({0xFFFE, 0x41})));
+  EXPECT_EQ(u16({}), s::remove_BOM(u16({})));
+
+  EXPECT_EQ(s::ustring32(L"A"), s::remove_BOM(s::ustring32(L"\xFEFF"
+                                                           L"A")));
+  EXPECT_EQ(s::ustring32(L"\xFFFE"
+                         L"A"),
+            s::remove_BOM(s::ustring32(L"\xFFFE"
+                                       L"A")));
+}

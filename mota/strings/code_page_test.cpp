@@ -1,0 +1,165 @@
+#include <mota/strings/ansi.hpp>
+#include <mota/strings/code_page.hpp>
+
+#include <mota/exceptions/logic_error.hpp>
+
+#include <mota_test.hpp>
+
+#include <langinfo.h>
+
+#include <cstring>
+#include <string>
+
+namespace strings = mota::strings;
+namespace ex = mota::exceptions;
+using strings::code_page;
+
+namespace {
+
+code_page::encoding_type code(std::int32_t value) {
+  return static_cast<code_page::encoding_type>(value);
+}
+
+}  // namespace
+
+TEST(CodePage, SystemNamesFollowTheTable) {
+  struct {
+    std::int32_t code;
+    const char* name;
+  } const cases[] = {
+      {4, "UTF-8"},          {932, "WINDOWS-31J"},   {936, "GBK"},
+      {949, "CP949"},        {950, "BIG5"},          {1250, "CP1250"},
+      {1252, "CP1252"},      {1258, "CP1258"},       {20866, "KOI8-R"},
+      {21866, "KOI8-U"},     {28591, "ISO-8859-1"},  {28595, "ISO-8859-5"},
+      {28599, "ISO-8859-9"}, {28605, "ISO-8859-15"}, {125100, "ANSI_X3.4-1968"},
+  };
+  const code_page page;
+  for (const auto& c : cases)
+    EXPECT_EQ(c.name, page.to_system_type(code(c.code))) << c.code;
+  for (std::int32_t c = 1250; c <= 1258; ++c) {
+    EXPECT_EQ("CP" + std::to_string(c), page.to_system_type(code(c)));
+  }
+  for (std::int32_t c = 1; c <= 3; ++c) {
+    EXPECT_EQ(std::string(nl_langinfo(CODESET)), page.to_system_type(code(c)));
+  }
+}
+
+TEST(CodePage, RejectsCodesOutsideTheTable) {
+  const code_page page;
+  for (std::int32_t c : {0, 5, 931, 1249, 1259, 20865, 28590, 28600, 28604, 28606, 125101, -1}) {
+    SCOPED_TRACE(c);
+    EXPECT_THROW_MSG(page.to_system_type(code(c)), ex::invalid_argument_value,
+                     "Not valid code_page type");
+  }
+  try {
+    page.to_system_type(code(28600));
+    ADD_FAILURE() << "no exception";
+  } catch (const ex::invalid_argument_value& e) {
+    EXPECT_STREQ("to_system_type", e.get_state().function);
+    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "strings/code_page"));
+  }
+}
+
+TEST(CodePage, NilPageComparesAndRefusesToConvert) {
+  code_page page;
+  EXPECT_TRUE(page == mota::types::nil);
+  EXPECT_TRUE(page.equal(mota::types::nil));
+  EXPECT_EQ(code_page::nil_code, page.type());
+  EXPECT_THROW_MSG(page.encode(strings::ustring8("abc")), ex::invalid_argument_value,
+                   "Not valid code_page type");
+  EXPECT_THROW_MSG(page.as_utf8("abc"), ex::invalid_argument_value, "Not valid code_page type");
+  EXPECT_THROW_MSG(code_page(code(7)).as_ustring(""), ex::invalid_argument_value,
+                   "Not valid code_page type");
+
+  page = code_page::gbk;
+  EXPECT_FALSE(page == mota::types::nil);
+  EXPECT_TRUE(page == code_page::gbk);
+  EXPECT_TRUE(page != code_page::big5);
+  EXPECT_TRUE(page.equal(code_page(code(936))));
+  EXPECT_FALSE(page != code_page(code(936)));
+  page.assign(mota::types::nil);
+  EXPECT_TRUE(page == mota::types::nil);
+  page.type(code_page::koi8_r);
+  EXPECT_EQ(20866, page.type());
+  const code_page copy(page);
+  EXPECT_TRUE(copy == page);
+  page = mota::types::nil;
+  EXPECT_TRUE(copy != page);
+  EXPECT_TRUE(code_page(mota::types::nil) == code_page());
+}
+
+TEST(CodePage, ConvertsToUtf8) {
+  struct {
+    code_page::encoding_type page;
+    std::string input;
+    std::string utf8;
+  } const cases[] = {
+      {code_page::windows_1252, "\xE9", "\xC3\xA9"},
+      {code_page::windows_1252, "\x80", "\xE2\x82\xAC"},  // the output grows past the input
+      {code_page::windows_1252, "", ""},
+      {code_page::gbk, "\xD6\xD0\xCE\xC4", "\xE4\xB8\xAD\xE6\x96\x87"},
+      {code_page::gbk, "a\xD6", "a"},  // incomplete last character dropped
+      {code_page::utf_8,
+       "a\xFF\xFE"
+       "b",
+       "a??b"},
+      {code_page::utf_8, "ab\xC3", "ab"},
+      {code_page::ascii, "caf\xE9", "caf?"},
+      {code_page::iso_8859_15, "\xA4", "\xE2\x82\xAC"},
+      {code_page::koi8_r, "\xE1", "\xD0\x90"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.input);
+    EXPECT_EQ(c.utf8, code_page(c.page).as_utf8(c.input));
+    EXPECT_EQ(c.utf8, code_page(c.page).as_ustring(c.input));
+  }
+}
+
+TEST(CodePage, EncodesFromUtf8) {
+  struct {
+    code_page::encoding_type page;
+    std::string utf8;
+    std::string output;
+  } const cases[] = {
+      {code_page::utf_8,
+       "a\xFF"
+       "b",
+       "a?b"},
+      {code_page::windows_1252, "caf\xC3\xA9", "caf\xE9"},
+      {code_page::windows_1252,
+       "a\xE4\xB8\xAD"
+       "b",
+       "a???b"},  // one "?" per byte
+      {code_page::windows_1252, "ab\xE2\x82", "ab"},
+      {code_page::windows_1252, "", ""},
+      {code_page::gbk, "\xE4\xB8\xAD", "\xD6\xD0"},
+      {code_page::windows_31j, "\xE3\x81\x82", "\x82\xA0"},
+      {code_page::ascii, "\x7F", "\x7F"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.utf8);
+    EXPECT_EQ(c.output, code_page(c.page).encode(strings::ustring8(c.utf8)));
+  }
+}
+
+TEST(CodePage, LongInputsGrowTheOutput) {
+  // Each byte becomes three, and every undecodable byte must still turn into exactly one "?".
+  std::string input;
+  std::string expected;
+  for (int i = 0; i < 5000; ++i) {
+    input += (i % 7 == 0) ? "\x81" : "\x80";  // 0x81 is unassigned in CP1252
+    expected += (i % 7 == 0) ? "?" : "\xE2\x82\xAC";
+  }
+  EXPECT_EQ(expected, code_page(code_page::windows_1252).as_utf8(input));
+  const std::string utf8(3000, '\xFF');
+  EXPECT_EQ(std::string(3000, '?'), code_page(code_page::gbk).encode(strings::ustring8(utf8)));
+}
+
+TEST(Ansi, UsesTheProcessCharacterSet) {
+  // No locale is set in the test process, so its set is plain ASCII.
+  ASSERT_STREQ("ANSI_X3.4-1968", nl_langinfo(CODESET));
+  EXPECT_EQ("caf??", strings::gh2::to_ansi("caf\xC3\xA9"));
+  EXPECT_EQ("caf?", strings::gh2::from_ansi("caf\xE9"));
+  EXPECT_EQ("plain", strings::gh2::from_ansi(strings::gh2::to_ansi("plain")));
+  EXPECT_EQ("", strings::gh2::to_ansi(""));
+}

@@ -1,0 +1,49 @@
+#include <mota/strings/replace.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace s = mota::strings;
+
+TEST(ReplaceAll, ReplacesLeftToRightWithoutRescanningReplacements) {
+  struct {
+    const char* text;
+    const char* what;
+    const char* with;
+    const char* result;
+    int count;
+  } const cases[] = {
+      {"a-b-c", "-", "+", "a+b+c", 2},
+      {"aaa", "a", "aa", "aaaaaa", 3},  // the inserted pattern is not replaced again
+      {"aaaa", "aa", "a", "aa", 2},
+      {"abab", "ab", "", "", 2},
+      {"xyz", "q", "r", "xyz", 0},
+      {"xyz", "", "r", "xyz", 0},
+      {"", "a", "b", "", 0},
+      {"<<x>>", "<<", "<", "<x>>", 1},
+      {"end.", ".", "!!", "end!!", 1},
+  };
+  for (const auto& c : cases) {
+    std::string plain = c.text;
+    EXPECT_EQ(c.count, s::replace_all(plain, std::string(c.what), std::string(c.with)));
+    EXPECT_EQ(c.result, plain);
+    s::ustring8 u8 = c.text;
+    EXPECT_EQ(c.count, s::replace_all(u8, c.what, c.with));
+    EXPECT_EQ(c.result, u8);
+  }
+}
+
+TEST(ReplaceAll, WideOverloads) {
+  std::wstring w =
+      L"a\x20AC"
+      L"b\x20AC";
+  EXPECT_EQ(2, s::replace_all(w, std::wstring(L"\x20AC"), std::wstring(L"EUR")));
+  EXPECT_EQ(L"aEURbEUR", w);
+  s::ustring32 u32 = L"aa";
+  EXPECT_EQ(2, s::replace_all(u32, s::ustring32(L"a"), s::ustring32(L"ba")));
+  EXPECT_EQ(s::ustring32(L"baba"), u32);
+  s::ustring16 u16{1, 2, 1};
+  EXPECT_EQ(2, s::replace_all(u16, s::ustring16{1}, s::ustring16{7, 7}));
+  EXPECT_EQ((s::ustring16{7, 7, 2, 7, 7}), u16);
+}

@@ -1,0 +1,306 @@
+#include <mota/strings/utf.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace s = mota::strings;
+
+namespace {
+
+const unsigned int all_ones = 0xFFFFFFFFu;
+
+s::ustring16 u16(std::initializer_list<unsigned short> units) {
+  return s::ustring16(units);
+}
+s::ustring32 u32(std::initializer_list<std::uint32_t> cps) {
+  s::ustring32 r;
+  for (std::uint32_t c : cps)
+    r.push_back(static_cast<wchar_t>(c));
+  return r;
+}
+const s::ustring8 minus_one8 = "-1";
+const s::ustring16 minus_one16 = u16({'-', '1'});
+const s::ustring32 minus_one32 = u32({'-', '1'});
+
+// A text of `length` ASCII letters with `insert` (in each encoding) placed at `at`, to walk the
+// block boundaries of the converters' ASCII paths.
+template <typename String>
+String ascii_with(std::size_t length, std::size_t at, const String& insert) {
+  String r;
+  for (std::size_t i = 0; i < length; ++i) {
+    if (i == at) r += insert;
+    r.push_back(static_cast<typename String::value_type>('a' + i % 26));
+  }
+  if (at >= length) r += insert;
+  return r;
+}
+
+}  // namespace
+
+struct utf8_char_case {
+  const char* bytes;
+  unsigned int size;
+  unsigned int index;
+  std::uint32_t code;
+  unsigned int count;
+};
+
+TEST(Unichar, DecodesUtf8ByLeadByteClass) {
+  const utf8_char_case cases[] = {
+      {"A", 1, 0, 0x41, 1},
+      {"\xC3\xA9", 2, 0, 0xE9, 2},
+      {"\xE2\x82\xAC", 3, 0, 0x20AC, 3},
+      {"\xF0\x9F\x98\x80", 4, 0, 0x1F600, 4},
+      {"a\xC3\xA9", 3, 1, 0xE9, 2},
+      {"\xC0\x80", 2, 0, 0, 2},                 // overlong: decoded as is
+      {"\xED\xA0\x80", 3, 0, 0xD800, 3},        // encoded surrogate: decoded as is
+      {"\xF7\xBF\xBF\xBF", 4, 0, 0x1FFFFF, 4},  // beyond U+10FFFF: decoded as is
+      {"\x80", 1, 0, 63, all_ones},             // continuation byte as lead
+      {"\xF8\x88\x80\x80\x80", 5, 0, 63, all_ones},
+      {"\xFF", 1, 0, 63, all_ones},
+      {"\xC3\xA9", 1, 0, 63, all_ones},  // size cuts the sequence
+      {"\xE2\x82\xAC", 2, 0, 63, all_ones},
+      {"\xF0\x9F\x98\x80", 3, 0, 63, all_ones},
+      {"\xC3\x41", 2, 0, 63, all_ones},  // bad continuation
+      {"\xE2\x82\x41", 3, 0, 63, all_ones},
+      {"\xF0\x9F\xC3\x80", 4, 0, 63, all_ones},
+      {"AB", 2, 2, 63, all_ones},  // index at the size
+      {"AB", 2, 7, 63, all_ones},
+  };
+  for (const auto& c : cases) {
+    unsigned int count = 12345;
+    EXPECT_EQ(c.code, s::unichar(c.bytes, c.size, c.index, count)) << c.bytes;
+    EXPECT_EQ(c.count, count) << c.bytes;
+  }
+}
+
+TEST(Unichar, DecodesUtf16UnitsAndPairs) {
+  struct {
+    s::ustring16 units;
+    unsigned int size;
+    unsigned int index;
+    std::uint32_t code;
+    unsigned int count;
+  } const cases[] = {
+      {u16({0x41}), 1, 0, 0x41, 1},
+      {u16({0xD7FF}), 1, 0, 0xD7FF, 1},
+      {u16({0xE000}), 1, 0, 0xE000, 1},
+      {u16({0xFFFF}), 1, 0, 0xFFFF, 1},
+      {u16({0xD83D, 0xDE00}), 2, 0, 0x1F600, 2},
+      {u16({0xDBFF, 0xDFFF}), 2, 0, 0x10FFFF, 2},
+      {u16({0xD800, 0xDC00}), 2, 0, 0x10000, 2},
+      {u16({0x41, 0xD83D, 0xDE00}), 3, 1, 0x1F600, 2},
+      {u16({0xD83D, 0xDE00}), 1, 0, 63, all_ones},  // the pair lies beyond size
+      {u16({0xD83D}), 1, 0, 63, all_ones},
+      {u16({0xD83D, 0x41}), 2, 0, 63, all_ones},
+      {u16({0xD83D, 0xD83D}), 2, 0, 63, all_ones},
+      {u16({0xDE00, 0x41}), 2, 0, 63, all_ones},
+      {u16({0x41}), 1, 1, 63, all_ones},
+  };
+  for (const auto& c : cases) {
+    unsigned int count = 12345;
+    EXPECT_EQ(c.code, s::unichar(c.units.data(), c.size, c.index, count)) << c.index;
+    EXPECT_EQ(c.count, count);
+  }
+}
+
+TEST(Unichar, Utf32ReturnsElementOrFailsPastTheEnd) {
+  const s::ustring32 text = u32({0x41, 0x110000, 0xFFFFFFFF});
+  unsigned int count = 0;
+  EXPECT_EQ(0x110000u, s::unichar(text.data(), 3, 1, count));
+  EXPECT_EQ(1u, count);
+  EXPECT_EQ(0xFFFFFFFFu, s::unichar(text.data(), 3, 2, count));
+  EXPECT_EQ(1u, count);
+  EXPECT_EQ(63u, s::unichar(text.data(), 3, 3, count));
+  EXPECT_EQ(all_ones, count);
+}
+
+TEST(Utf8ToUtf16, ConvertsAllLengthsAndBuildsStandardPairs) {
+  EXPECT_EQ(s::ustring16(), s::utf8_to_utf16(""));
+  EXPECT_EQ(u16({0x41, 0xE9, 0x20AC, 0xD83D, 0xDE00}),
+            s::utf8_to_utf16("A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"));
+  EXPECT_EQ(u16({0xDBFF, 0xDFFF}), s::utf8_to_utf16("\xF4\x8F\xBF\xBF"));
+  EXPECT_EQ(u16({0x0, 0xD800}),
+            s::utf8_to_utf16(s::ustring8(std::string("\xC0\x80\xED\xA0\x80", 5))));
+}
+
+TEST(Utf8ToUtf16, AnyUndecodableSequenceGivesMinusOne) {
+  for (const char* bad : {"\xFF", "\x80", "abc\xC3", "A\xC3\x41", "\xE2\x82", "\xF0\x9F\x98",
+                          "\xF8\x88\x80\x80\x80", "long ascii text before the bad byte \xFE"})
+    EXPECT_EQ(minus_one16, s::utf8_to_utf16(bad)) << bad;
+}
+
+TEST(Utf8ToUtf32, ReplacesEachUndecodableByteAndResumes) {
+  EXPECT_EQ(u32({'A', 63, 'B'}), s::utf8_to_utf32("A\xFF"
+                                                  "B"));
+  EXPECT_EQ(u32({63, 63, 'A'}), s::utf8_to_utf32("\xE2\x82"
+                                                 "A"));
+  EXPECT_EQ(u32({63, 0xE9}), s::utf8_to_utf32("\x80\xC3\xA9"));
+  EXPECT_EQ(u32({0x1F600, 0x20AC}), s::utf8_to_utf32("\xF0\x9F\x98\x80\xE2\x82\xAC"));
+  EXPECT_EQ(s::ustring32(), s::utf8_to_utf32(""));
+}
+
+TEST(Utf16ToUtf8, EncodesEachRange) {
+  struct {
+    s::ustring16 units;
+    std::string bytes;
+  } const cases[] = {
+      {u16({0x7F}), "\x7F"},
+      {u16({0x80}), "\xC2\x80"},
+      {u16({0x7FF}), "\xDF\xBF"},
+      {u16({0x800}), "\xE0\xA0\x80"},
+      {u16({0xFFFF}), "\xEF\xBF\xBF"},
+      {u16({0x41, 0xFFFE}), "A\xEF\xBF\xBE"},  // 0xFFFE only swaps as first unit
+      {u16({0xD83D, 0xDE00}), "\xF0\x9F\x98\x80"},
+      {u16({0xDBFF, 0xDFFF}), "\xF4\x8F\xBF\xBF"},
+      {u16({0xFEFF, 0x41}),
+       "\xEF\xBB\xBF"
+       "A"},  // a leading mark is kept
+      {u16({0xFFFE, 0x4100}),
+       "\xEF\xBB\xBF"
+       "A"},
+      {u16({0xFFFE, 0x3DD8, 0x00DE}), "\xEF\xBB\xBF\xF0\x9F\x98\x80"},
+      {u16({}), ""},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.bytes, s::utf16_to_utf8(c.units));
+}
+
+TEST(Utf16ToUtf8, BadSurrogateGivesMinusOne) {
+  for (const auto& bad : {u16({0xD83D}), u16({0xDE00}), u16({0xD83D, 0x41}), u16({0x41, 0xD83D}),
+                          u16({0xDE00, 0xD83D}), u16({0xFFFE, 0x3DD8})})
+    EXPECT_EQ(minus_one8, s::utf16_to_utf8(bad));
+}
+
+TEST(Utf16ToUtf32, CombinesPairsSwapsAndRejectsBadSurrogates) {
+  EXPECT_EQ(u32({0x41, 0x1F600, 0xFFFF}), s::utf16_to_utf32(u16({0x41, 0xD83D, 0xDE00, 0xFFFF})));
+  EXPECT_EQ(u32({0xFEFF, 0x41}), s::utf16_to_utf32(u16({0xFFFE, 0x4100})));
+  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0x41, 0xDE00})));
+  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0xD83D, 0x41})));
+  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0x41, 0xD83D})));
+}
+
+TEST(Utf32ToUtf8, EncodesFailsOnSurrogatesAndDropsAboveRange) {
+  struct {
+    s::ustring32 cps;
+    std::string bytes;
+  } const cases[] = {
+      {u32({0x110000, 0x41}), "A"},
+      {u32({0x41, 0xFFFFFFFF, 0x42}), "AB"},  // as unsigned, far above the range
+      {u32({0x7F, 0x80}), "\x7F\xC2\x80"},
+      {u32({0x7FF, 0x800}), "\xDF\xBF\xE0\xA0\x80"},
+      {u32({0xD7FF, 0xE000}), "\xED\x9F\xBF\xEE\x80\x80"},
+      {u32({0xFFFF, 0x10000}), "\xEF\xBF\xBF\xF0\x90\x80\x80"},
+      {u32({0x10FFFF}), "\xF4\x8F\xBF\xBF"},
+      {u32({0xD800}), "-1"},
+      {u32({0x41, 0xDFFF}), "-1"},
+      {u32({0x110000, 0xDABC}), "-1"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.bytes, s::utf32_to_utf8(c.cps));
+}
+
+TEST(Utf32ToUtf16, UsesTheLibrarysOwnPairing) {
+  EXPECT_EQ(u16({0xD840, 0xDC00}), s::utf32_to_utf16(u32({0x10000})));
+  EXPECT_EQ(u16({0xD83F, 0xDFFF}), s::utf32_to_utf16(u32({0xFFFF})));
+  EXPECT_EQ(u16({0xDC3F, 0xDFFF}), s::utf32_to_utf16(u32({0x10FFFF})));
+  EXPECT_EQ(u16({0x41, 0xFFFE, 0xE000}), s::utf32_to_utf16(u32({0x41, 0xFFFE, 0xE000})));
+  // A negative value compares below 0xFFFF and is kept as one cut unit.
+  EXPECT_EQ(u16({0xFFFE}), s::utf32_to_utf16(u32({0xFFFFFFFE})));
+  // The pairing does not round-trip through the standard decoder.
+  EXPECT_EQ(u32({0x20000}), s::utf16_to_utf32(s::utf32_to_utf16(u32({0x10000}))));
+  for (std::uint32_t bad : {0xD800u, 0xDFFFu, 0x110000u})
+    EXPECT_EQ(minus_one16, s::utf32_to_utf16(u32({0x41, bad}))) << bad;
+}
+
+TEST(Conversions, ScalarValuesRoundTripThroughUtf8AndUtf16) {
+  s::ustring32 all;
+  for (std::uint32_t cp = 0; cp <= 0x10FFFF; ++cp)
+    if (cp < 0xD800 || cp > 0xDFFF) all.push_back(static_cast<wchar_t>(cp));
+  const s::ustring8 utf8 = s::utf32_to_utf8(all);
+  EXPECT_EQ(all, s::utf8_to_utf32(utf8));
+  const s::ustring16 utf16 = s::utf8_to_utf16(utf8);
+  EXPECT_EQ(all, s::utf16_to_utf32(utf16));
+  EXPECT_EQ(utf8, s::utf16_to_utf8(utf16));
+}
+
+TEST(Conversions, NonAsciiAtEveryPositionAroundAsciiBlocks) {
+  for (std::size_t length = 0; length < 40; ++length) {
+    for (std::size_t at = 0; at <= length; ++at) {
+      SCOPED_TRACE(testing::Message() << "length " << length << " at " << at);
+      const s::ustring8 text8 = ascii_with<s::ustring8>(length, at, "\xC3\xA9\xF0\x9F\x98\x80");
+      const s::ustring16 text16 = ascii_with<s::ustring16>(length, at, u16({0xE9, 0xD83D, 0xDE00}));
+      const s::ustring32 text32 = ascii_with<s::ustring32>(length, at, u32({0xE9, 0x1F600}));
+      EXPECT_EQ(text16, s::utf8_to_utf16(text8));
+      EXPECT_EQ(text32, s::utf8_to_utf32(text8));
+      EXPECT_EQ(text8, s::utf16_to_utf8(text16));
+      EXPECT_EQ(text32, s::utf16_to_utf32(text16));
+      EXPECT_EQ(text8, s::utf32_to_utf8(text32));
+
+      EXPECT_EQ(minus_one16, s::utf8_to_utf16(ascii_with<s::ustring8>(length, at, "\xC3")));
+      EXPECT_EQ(ascii_with<s::ustring32>(length, at, u32({63})),
+                s::utf8_to_utf32(ascii_with<s::ustring8>(length, at, "\x80")));
+      EXPECT_EQ(minus_one8, s::utf16_to_utf8(ascii_with<s::ustring16>(length, at, u16({0xDE00}))));
+      EXPECT_EQ(minus_one32,
+                s::utf16_to_utf32(ascii_with<s::ustring16>(length, at, u16({0xD83D}))));
+      EXPECT_EQ(minus_one8, s::utf32_to_utf8(ascii_with<s::ustring32>(length, at, u32({0xD800}))));
+      EXPECT_EQ(ascii_with<s::ustring8>(length, at, ""),
+                s::utf32_to_utf8(ascii_with<s::ustring32>(length, at, u32({0x110000}))));
+    }
+  }
+}
+
+TEST(StringLength, CountsElementsUpToZeroOrTheSize) {
+  const unsigned short units[] = {0x41, 0xD83D, 0xDE00, 0};
+  EXPECT_EQ(3u, s::string_length("a\xC3\xA9"));
+  EXPECT_EQ(3u, s::string_length(units));
+  EXPECT_EQ(2u, s::string_length(L"ab"));
+  EXPECT_EQ(0u, s::string_length(static_cast<const char*>(nullptr)));
+  EXPECT_EQ(0u, s::string_length(static_cast<const unsigned short*>(nullptr)));
+  EXPECT_EQ(0u, s::string_length(static_cast<const wchar_t*>(nullptr)));
+  EXPECT_EQ(4u, s::string_length(s::ustring8(std::string("a\0b\0", 4))));
+  EXPECT_EQ(3u, s::string_length(u16({0, 0xD83D, 0xDE00})));
+  EXPECT_EQ(2u, s::string_length(u32({0, 0x1F600})));
+}
+
+TEST(CharacterIndex, Utf8WalksWholeCharacters) {
+  const s::ustring8 text =
+      "a\xE2\x82\xAC"
+      "b";
+  const int expected[] = {0, 1, 4, 5, -1, -1, -1};
+  for (unsigned int n = 0; n < 7; ++n)
+    EXPECT_EQ(expected[n], s::character_index(text, n)) << n;
+  EXPECT_EQ(-1, s::character_index(s::ustring8(""), 0));
+  EXPECT_EQ(0, s::character_index(s::ustring8("\x80"
+                                              "abc"),
+                                  0));
+  EXPECT_EQ(-1, s::character_index(s::ustring8("\x80"
+                                               "abc"),
+                                   1));
+  EXPECT_EQ(2, s::character_index(s::ustring8("ab\xFF"), 2));
+  EXPECT_EQ(-1, s::character_index(s::ustring8("a\xE2\x82"
+                                               "bc"),
+                                   2));
+  EXPECT_EQ(-1, s::character_index(s::ustring8("ab\xF0\x9F\x98"), 3));
+}
+
+TEST(CharacterIndex, Utf16TestsOnlyTheFirstUnitForALoneLowSurrogate) {
+  const s::ustring16 text = u16({0x41, 0xD83D, 0xDE00, 0x42});
+  const int expected[] = {0, 1, 3, 4, -1};
+  for (unsigned int n = 0; n < 5; ++n)
+    EXPECT_EQ(expected[n], s::character_index(text, n)) << n;
+
+  const s::ustring16 starts_low = u16({0xDC00, 0x41, 0x42});
+  EXPECT_EQ(0, s::character_index(starts_low, 0));
+  EXPECT_EQ(-1, s::character_index(starts_low, 1));
+  EXPECT_EQ(-1, s::character_index(starts_low, 2));
+
+  EXPECT_EQ(2, s::character_index(u16({0x41, 0xDC00, 0x42}), 2));
+  EXPECT_EQ(-1, s::character_index(u16({0x41, 0xD83D, 0x42}), 2));
+  EXPECT_EQ(-1, s::character_index(u16({0xD83D, 0xDE00}), 2));
+  EXPECT_EQ(-1, s::character_index(u16({0x41, 0xD83D, 0xDE00}), 3));
+}

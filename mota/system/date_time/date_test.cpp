@@ -1,0 +1,178 @@
+#include <mota/system/date_time/date.hpp>
+
+#include <mota_test.hpp>
+
+#include <cstring>
+
+namespace dt = mota::system::date_time;
+using mota::exceptions::out_of_range;
+
+namespace {
+
+// An independent proleptic Gregorian calendar for the walks.
+struct civil {
+  unsigned day, month, year;
+
+  static bool leap(unsigned y) { return y % 4 == 0 && (y % 100 != 0 || y % 400 == 0); }
+  unsigned length() const {
+    static const unsigned lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return month == 2 && leap(year) ? 29 : lengths[month - 1];
+  }
+  void next() {
+    if (++day > length()) {
+      day = 1;
+      if (++month > 12) {
+        month = 1;
+        ++year;
+      }
+    }
+  }
+  bool is_leap_day() const { return month == 2 && day == 29; }
+};
+
+::testing::AssertionResult same(const civil& c, const dt::date& d) {
+  if (c.day == d.day() && c.month == d.month() && c.year == d.year())
+    return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << "expected " << c.day << "." << c.month << "." << c.year << ", got " << d.day() << "."
+         << d.month() << "." << d.year();
+}
+
+}  // namespace
+
+TEST(Date, DayNumbersOfKnownDates) {
+  EXPECT_EQ(730426u, dt::date(1, 1, 2000).pJulian_day_number());
+  EXPECT_EQ(307u, dt::date(1, 1, 1).pJulian_day_number());
+  EXPECT_EQ(1u, dt::date(1, 3, 0).pJulian_day_number());
+}
+
+TEST(Date, DayNumbersAreConsecutiveAndRoundTripExceptTheLeapDay) {
+  civil c{1, 1, 1896};
+  std::uint32_t previous = dt::date(c.day, c.month, c.year).pJulian_day_number();
+  c.next();
+  for (int i = 0; i < 60000; ++i, c.next()) {  // past 2000 and 2100
+    const dt::date d(c.day, c.month, c.year);
+    const std::uint32_t n = d.pJulian_day_number();
+    ASSERT_EQ(previous + 1, n) << c.day << "." << c.month << "." << c.year;
+    previous = n;
+    dt::date back;
+    back.pJulian_day_number(n);
+    civil expected = c;
+    if (c.is_leap_day()) expected.next();  // comes back as 1 March, by design
+    ASSERT_TRUE(same(expected, back));
+  }
+}
+
+TEST(Date, StepwiseAdditionSkipsOnlyTheLeapDay) {
+  civil c{1, 1, 1995};
+  dt::date d(1, 1, 1995);
+  int leap_days_skipped = 0;
+  for (int i = 0; i < 4000; ++i) {
+    d += dt::date_duration(1);
+    c.next();
+    if (c.is_leap_day()) {
+      c.next();
+      ++leap_days_skipped;
+    }
+    ASSERT_TRUE(same(c, d)) << "step " << i;
+  }
+  EXPECT_EQ(3, leap_days_skipped);  // 1996, 2000 and 2004
+}
+
+TEST(Date, AdditionAroundTheLeapDay) {
+  struct {
+    int days;
+    unsigned day, month;
+  } const cases[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {-1, 27, 2}, {0, 28, 2}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.days);
+    const dt::date start(28, 2, 2024);
+    dt::date d = start;
+    d += c.days;
+    EXPECT_EQ(c.day, d.day());
+    EXPECT_EQ(c.month, d.month());
+    EXPECT_EQ(2024u, d.year());
+  }
+  // Going back one day from 1 March of a leap year lands on the leap day, which reads as
+  // 1 March again.
+  dt::date d(1, 3, 2024);
+  d -= 1;
+  EXPECT_TRUE(same(civil{1, 3, 2024}, d));
+  d -= 2;
+  EXPECT_TRUE(same(civil{28, 2, 2024}, d));
+  // A non-leap year has no such day.
+  d = dt::date(1, 3, 2023);
+  d -= 1;
+  EXPECT_TRUE(same(civil{28, 2, 2023}, d));
+}
+
+TEST(Date, SubtractionBelowDayOneThrows) {
+  dt::date d(1, 1, 1);
+  try {
+    d -= dt::date_duration(307);
+    ADD_FAILURE() << "no exception";
+  } catch (const out_of_range& e) {
+    EXPECT_STREQ("date value out of valid range", e.get_message());
+    EXPECT_STREQ("minus_assign", e.get_state().function);
+    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "system/date_time/date"));
+  }
+  EXPECT_TRUE(same(civil{1, 1, 1}, d));
+  d.minus_assign(306);
+  EXPECT_TRUE(same(civil{1, 3, 0}, d));
+  d = dt::date(1, 1, 2000);
+  d -= dt::date_duration(-1);  // a negative duration moves forwards
+  EXPECT_TRUE(same(civil{2, 1, 2000}, d));
+  d.plus_assign(dt::date_duration(-366));
+  EXPECT_TRUE(same(civil{1, 1, 1999}, d));
+}
+
+TEST(Date, EffectiveDayIsClippedToTheMonth) {
+  struct {
+    unsigned day, month, year, effective;
+    bool constrained;
+  } const cases[] = {
+      {31, 4, 2023, 30, true},   {30, 4, 2023, 30, false}, {31, 1, 2023, 31, false},
+      {31, 12, 2023, 31, false}, {29, 2, 2023, 28, true},  {29, 2, 2024, 29, false},
+      {31, 2, 2024, 29, true},   {30, 2, 1900, 28, true},  {29, 2, 2000, 29, false},
+      {31, 9, 2023, 30, true},   {31, 11, 2023, 30, true},
+  };
+  for (const auto& c : cases) {
+    const dt::date d(c.day, c.month, c.year);
+    EXPECT_EQ(c.effective, d.day()) << c.day << "." << c.month << "." << c.year;
+    EXPECT_EQ(c.effective, d.get_days());
+    EXPECT_EQ(c.constrained, d.is_day_constrained()) << c.day << "." << c.month;
+  }
+  const dt::date invalid;
+  EXPECT_EQ(0u, invalid.day());
+  EXPECT_FALSE(invalid.is_day_constrained());
+}
+
+TEST(Date, LeapYears) {
+  for (unsigned y : {2000u, 2024u, 1996u, 2400u, 0u})
+    EXPECT_TRUE(dt::date(1, 1, y).is_leap_year());
+  for (unsigned y : {1900u, 2023u, 2100u, 1u})
+    EXPECT_FALSE(dt::date(1, 1, y).is_leap_year());
+}
+
+TEST(Date, SettersCheckTheirRange) {
+  dt::date d(15, 6, 2020);
+  for (unsigned bad : {0u, 13u, 0xFFFFFFFFu})
+    EXPECT_THROW_MSG(d.month(bad), out_of_range, "month value out of valid range");
+  for (unsigned bad : {0u, 32u})
+    EXPECT_THROW_MSG(d.day(bad), out_of_range, "day value out of valid range");
+  EXPECT_TRUE(same(civil{15, 6, 2020}, d));
+  EXPECT_EQ(31u, d.day(31));
+  EXPECT_EQ(12u, d.month(12));
+  EXPECT_EQ(7u, d.year(7));
+  EXPECT_TRUE(same(civil{31, 12, 7}, d));
+  // Day first, then month.
+  EXPECT_THROW_MSG(dt::date(0, 13, 2000), out_of_range, "day value out of valid range");
+  EXPECT_THROW_MSG(dt::date(1, 13, 2000), out_of_range, "month value out of valid range");
+}
+
+TEST(Date, InvalidDatesDoNotThrowOnAddition) {
+  dt::date d;
+  EXPECT_NO_THROW(d += dt::date_duration(1));
+  dt::date far(31, 12, 0xFFFFFFFFu);
+  EXPECT_NO_THROW(far += dt::date_duration(100000));
+}

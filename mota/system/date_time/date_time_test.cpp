@@ -1,0 +1,94 @@
+#include <mota/system/date_time/date_time.hpp>
+
+#include <mota_test.hpp>
+
+#include <ctime>
+
+namespace dt = mota::system::date_time;
+using mota::exceptions::out_of_range;
+
+namespace {
+
+::testing::AssertionResult at(const dt::date_time_t& v, unsigned day, unsigned month, unsigned year,
+                              unsigned hour, unsigned minute) {
+  if (v.day() == day && v.month() == month && v.year() == year && v.hour() == hour &&
+      v.minute() == minute)
+    return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << v.day() << "." << v.month() << "." << v.year() << " " << v.hour() << ":" << v.minute();
+}
+
+dt::date_time_t noon_10_may() {
+  return dt::date_time_t(dt::date(10, 5, 2023), dt::time(12, 0, 0, 0));
+}
+
+}  // namespace
+
+TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOn) {
+  const struct {
+    int hours, minutes;
+    unsigned day, hour, minute;
+  } cases[] = {
+      {13, 0, 10, 1, 0},  // past midnight, but the date stays
+      {-12, -1, 10, 23, 59},
+      {25, 30, 2, 13, 30},  // day := 25 mod 24 = 1, then + 1 day
+      {27, 0, 6, 15, 0},    // day := 3, then + 3 days
+  };
+  for (const auto& c : cases) {
+    dt::date_time_t v = noon_10_may();
+    v += dt::time_duration(c.hours, c.minutes, 0, 0);
+    EXPECT_TRUE(at(v, c.day, 5, 2023, c.hour, c.minute)) << c.hours << "h";
+  }
+  dt::date_time_t v = noon_10_may();
+  v -= dt::time_duration(-25, 0, 0, 0);  // negated: + 25 h
+  EXPECT_TRUE(at(v, 2, 5, 2023, 13, 0));
+}
+
+TEST(DateTime, WholeDaysAndNegativeDaysThrowFromTheDaySetter) {
+  for (int hours : {24, 48, -25, -24}) {
+    dt::date_time_t v = noon_10_may();
+    try {
+      v += dt::time_duration(hours, 0, 0, 0);
+      ADD_FAILURE() << "no exception for " << hours;
+    } catch (const out_of_range& e) {
+      EXPECT_STREQ("day value out of valid range", e.get_message());
+      EXPECT_STREQ("day", e.get_state().function);
+    }
+    EXPECT_TRUE(at(v, 10, 5, 2023, 12, 0));
+  }
+}
+
+TEST(DateTime, PartsAndDateDurations) {
+  dt::date_time_t v;
+  EXPECT_TRUE(at(v, 0, 0, 0, 0, 0));
+  v = dt::time(8, 15, 1, 2);
+  v = dt::date(31, 4, 2023);
+  EXPECT_TRUE(at(v, 30, 4, 2023, 8, 15));
+  EXPECT_TRUE(v.is_day_constrained());
+  EXPECT_EQ(2u, v.millisecond());
+  v += dt::date_duration(30);
+  EXPECT_TRUE(at(v, 31, 5, 2023, 8, 15));
+  v.assign(dt::date(1, 1, 1), dt::time(23, 0, 0, 0));
+  EXPECT_THROW_MSG(v -= dt::date_duration(400), out_of_range, "date value out of valid range");
+  EXPECT_THROW_MSG(v.second(60), out_of_range, "Second value out of valid range");
+  EXPECT_EQ(1u, v.date().day());
+  EXPECT_EQ(23u, v.time().hour());
+}
+
+TEST(DateTime, ClockReadersMatchTheSystemClock) {
+  const std::time_t before = std::time(nullptr);
+  const dt::date_time_t utc = dt::date_time_t::UTC_date_time();
+  const dt::date_time_t local = dt::date_time_t::local_date_time();
+  const std::time_t after = std::time(nullptr);
+  std::tm g{}, l{}, g2{};
+  gmtime_r(&before, &g);
+  localtime_r(&before, &l);
+  gmtime_r(&after, &g2);
+  if (g.tm_min != g2.tm_min) GTEST_SKIP() << "clock read across a minute boundary";
+  EXPECT_TRUE(at(utc, g.tm_mday, g.tm_mon + 1, g.tm_year + 1900, g.tm_hour, g.tm_min));
+  EXPECT_TRUE(at(local, l.tm_mday, l.tm_mon + 1, l.tm_year + 1900, l.tm_hour, l.tm_min));
+  EXPECT_TRUE(at(dt::date_time_t(dt::date::UTC_date(), dt::time::UTC_time()), g.tm_mday,
+                 g.tm_mon + 1, g.tm_year + 1900, g.tm_hour, g.tm_min));
+  EXPECT_EQ(l.tm_hour, static_cast<int>(dt::time::local_time().hour()));
+  EXPECT_EQ(l.tm_mday, static_cast<int>(dt::date::local_date().day()));
+}

@@ -1,0 +1,312 @@
+#include <mota/system/file_utility.hpp>
+
+#include <mota_test.hpp>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+namespace sys = mota::system;
+using mota::strings::ustring8;
+
+namespace {
+
+void write_bytes(const std::string& path, const std::string& bytes) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::string read_bytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+void make_link(const std::string& target, const std::string& link) {
+  ASSERT_EQ(0, ::symlink(target.c_str(), link.c_str())) << link;
+}
+
+std::multiset<std::string> as_set(const std::vector<ustring8>& paths) {
+  return std::multiset<std::string>(paths.begin(), paths.end());
+}
+
+// Runs the test body with the working directory inside a fresh temporary directory.
+class InTempDir : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    previous_ = fs::current_path();
+    fs::current_path(dir_.path());
+  }
+  void TearDown() override { fs::current_path(previous_); }
+
+  mota_test::temp_dir dir_;
+  fs::path previous_;
+};
+
+}  // namespace
+
+TEST(LoadFile, KeepsTheBytesExactly) {
+  mota_test::temp_dir dir;
+  const struct {
+    const char* name;
+    std::string bytes;
+  } cases[] = {
+      {"empty", ""},
+      {"utf8_bom", "\xEF\xBB\xBFtext\n"},
+      {"utf16le_bom", std::string("\xFF\xFEh\0i\0", 6)},
+      {"utf16be_bom", std::string("\xFE\xFF\0h\0i", 6)},
+      {"binary", std::string("\0\x01\xFF\r\n\x1A\0", 7)},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    write_bytes(dir / c.name, c.bytes);
+    ustring8 as_ustring = "previous";
+    std::string as_string = "previous";
+    EXPECT_EQ(0, sys::load_file(dir / c.name, as_ustring));
+    EXPECT_EQ(0, sys::load_file(dir / c.name, as_string));
+    EXPECT_EQ(c.bytes, static_cast<const std::string&>(as_ustring));
+    EXPECT_EQ(c.bytes, as_string);
+  }
+}
+
+TEST(LoadFile, RefusesLinksMissingFilesAndDirectories) {
+  mota_test::temp_dir dir;
+  write_bytes(dir / "real", "content");
+  make_link(dir / "real", dir / "link");
+  for (const std::string& path : {dir / "link", dir / "missing", dir.str(), std::string()}) {
+    ustring8 content = "untouched";
+    std::string plain = "untouched";
+    EXPECT_EQ(1, sys::load_file(path, content)) << path;
+    EXPECT_EQ(1, sys::load_file(path, plain)) << path;
+    EXPECT_EQ("untouched", content);
+    EXPECT_EQ("untouched", plain);
+  }
+}
+
+TEST(LoadFile, UnreadableFileFails) {
+  mota_test::temp_dir dir;
+  write_bytes(dir / "secret", "x");
+  ::chmod((dir / "secret").c_str(), 0200);
+  if (::geteuid() == 0) GTEST_SKIP() << "running as root: permission bits do not deny reads";
+  ustring8 content = "untouched";
+  EXPECT_EQ(1, sys::load_file(dir / "secret", content));
+  EXPECT_EQ("untouched", content);
+}
+
+TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
+  mota_test::temp_dir dir;
+  const struct {
+    long long size;
+    const char* message;
+  } cases[] = {{2147483648LL, "2147483648 is large than a string can hold"},
+               {5000000000LL, "5000000000 is large than a string can hold"}};
+  for (const auto& c : cases) {
+    const std::string path = dir / "big";
+    write_bytes(path, "");
+    ASSERT_EQ(0, ::truncate64(path.c_str(), static_cast<off64_t>(c.size)));  // sparse
+    EXPECT_TRUE(sys::have_read_access(path));
+    ustring8 content = "untouched";
+    try {
+      sys::load_file(path, content);
+      ADD_FAILURE() << "no exception for " << c.size;
+    } catch (const mota::exceptions::runtime_error& e) {
+      EXPECT_STREQ(c.message, e.get_message());
+      EXPECT_STREQ("load_file", e.get_state().function);
+      EXPECT_NE(nullptr, std::strstr(e.get_state().file, "system/file_utility"));
+    }
+    EXPECT_EQ("untouched", content);
+  }
+  std::vector<ustring8> files;
+  sys::get_directory_files(dir.str(), files);
+  EXPECT_EQ(std::vector<ustring8>{dir / "big"}, files);
+}
+
+TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "out.bin";
+  const std::string bytes("\xEF\xBB\xBF\0tail", 8);
+  EXPECT_EQ(0, sys::store_file(path, bytes));
+  EXPECT_EQ(bytes, read_bytes(path));
+  EXPECT_EQ(0, sys::store_file(path, "ab"));  // shorter: truncated
+  EXPECT_EQ("ab", read_bytes(path));
+
+  write_bytes(dir / "target", "original");
+  make_link(dir / "target", dir / "link");
+  EXPECT_EQ(1, sys::store_file(dir / "link", "overwritten"));
+  EXPECT_EQ("original", read_bytes(dir / "target"));
+  make_link(dir / "nowhere", dir / "dangling");
+  EXPECT_EQ(1, sys::store_file(dir / "dangling", "x"));
+  EXPECT_FALSE(fs::exists(dir / "nowhere"));
+  EXPECT_EQ(1, sys::store_file(dir / "no/such/dir", "x"));
+}
+
+TEST(SafeOpen, LinksAreRefusedOtherFailuresShowInTheStream) {
+  mota_test::temp_dir dir;
+  write_bytes(dir / "file", "data");
+  make_link(dir / "file", dir / "link");
+  std::ifstream in, missing;
+  std::ofstream out;
+  EXPECT_FALSE(sys::safe_iopen<ustring8>(dir / "link", in));
+  EXPECT_FALSE(sys::safe_oopen<ustring8>(dir / "link", out));
+  EXPECT_FALSE(in.is_open() || out.is_open());
+  EXPECT_TRUE(sys::safe_iopen<ustring8>(dir / "missing", missing));
+  EXPECT_TRUE(missing.fail());
+  EXPECT_TRUE(sys::safe_oopen<ustring8>(dir / "file", out));
+  out.close();
+  EXPECT_EQ("", read_bytes(dir / "file"));  // truncated
+}
+
+using CreateDirectory = InTempDir;
+
+TEST_F(CreateDirectory, CreatesPrefixesButNotTheLastComponent) {
+  const struct {
+    const char* path;
+    bool result;
+    std::vector<const char*> created, absent;
+  } cases[] = {
+      {"x/y", true, {"x"}, {"x/y"}},      {"p/q/", true, {"p", "p/q"}, {}},
+      {"single", true, {"single"}, {}},   {"./dot/inner", true, {"dot"}, {"dot/inner"}},
+      {".hidden", true, {".hidden"}, {}}, {"m/n/o", true, {"m", "m/n"}, {"m/n/o"}},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.result, sys::create_directory(c.path)) << c.path;
+    for (const char* p : c.created)
+      EXPECT_TRUE(fs::is_directory(p)) << c.path << ": " << p;
+    for (const char* p : c.absent)
+      EXPECT_FALSE(fs::exists(p)) << c.path << ": " << p;
+  }
+  struct stat info;
+  ASSERT_EQ(0, ::stat("p/q", &info));
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  EXPECT_EQ(0775u & ~mask, info.st_mode & 0777u);
+}
+
+TEST_F(CreateDirectory, ResultIsThatOfTheLastMkdir) {
+  fs::create_directory("have");
+  EXPECT_TRUE(sys::create_directory("have"));       // exists: no mkdir at all
+  EXPECT_FALSE(sys::create_directory("have/new"));  // mkdir("have") failed last
+  EXPECT_FALSE(fs::exists("have/new"));
+  EXPECT_TRUE(sys::create_directory("have/new/"));
+  EXPECT_TRUE(fs::is_directory("have/new"));
+  write_bytes("plain", "");
+  EXPECT_FALSE(sys::create_directory("plain"));
+  EXPECT_FALSE(sys::create_directory(""));
+  // An absolute path skips its leading "/"; the existing parents fail quietly.
+  const std::string absolute = (dir_.path() / "abs").string() + "/";
+  EXPECT_TRUE(sys::create_directory(absolute));
+  EXPECT_TRUE(fs::is_directory(absolute));
+}
+
+TEST(HaveReadAccess, TestsTheOwnerReadBit) {
+  mota_test::temp_dir dir;
+  write_bytes(dir / "readable", "");
+  write_bytes(dir / "write_only", "");
+  ::chmod((dir / "write_only").c_str(), 0244);  // group and others may read, not the owner
+  make_link(dir / "readable", dir / "link");
+  EXPECT_TRUE(sys::have_read_access(dir / "readable"));
+  EXPECT_TRUE(sys::have_read_access(dir / "link"));
+  EXPECT_TRUE(sys::have_read_access(dir.str()));
+  EXPECT_FALSE(sys::have_read_access(dir / "write_only"));
+  EXPECT_FALSE(sys::have_read_access(dir / "missing"));
+}
+
+namespace {
+
+// d/a.txt d/b.txt d/hidden.txt (no owner read) d/sub1/c.txt d/sub1/deep/e.txt d/sub2/f.txt
+// d/closed/g.txt (directory without owner read)
+std::string make_tree(const mota_test::temp_dir& dir) {
+  const std::string d = dir / "d";
+  for (const char* sub : {"", "/sub1", "/sub1/deep", "/sub2", "/closed"})
+    fs::create_directories(d + sub);
+  for (const char* file : {"/a.txt", "/b.txt", "/hidden.txt", "/sub1/c.txt", "/sub1/deep/e.txt",
+                           "/sub2/f.txt", "/closed/g.txt"})
+    write_bytes(d + file, file);
+  ::chmod((d + "/hidden.txt").c_str(), 0200);
+  ::chmod((d + "/closed").c_str(), 0300);
+  return d;
+}
+
+}  // namespace
+
+TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
+  mota_test::temp_dir dir;
+  const std::string d = make_tree(dir);
+  std::vector<ustring8> files{"kept"};
+  sys::get_directory_files(d, files);
+  ASSERT_EQ(6u, files.size());
+  EXPECT_EQ("kept", files[0]);
+  const std::vector<ustring8> found(files.begin() + 1, files.end());
+  EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/sub1/c.txt", d + "/sub1/deep/e.txt",
+                    d + "/sub2/f.txt"}),
+            as_set(found));
+  // The directory's own files come first; each subdirectory's content is contiguous with its
+  // own files before those of its subdirectories.
+  EXPECT_EQ((std::multiset<std::string>{d + "/a.txt", d + "/b.txt"}), as_set({found[0], found[1]}));
+  const auto at = [&](const std::string& p) {
+    return std::find(found.begin(), found.end(), p) - found.begin();
+  };
+  EXPECT_EQ(at(d + "/sub1/c.txt") + 1, at(d + "/sub1/deep/e.txt"));
+  EXPECT_TRUE(at(d + "/sub2/f.txt") == 2 || at(d + "/sub2/f.txt") == 4);
+}
+
+TEST(GetDirectoryFiles, TrailingSlashAndMissingDirectory) {
+  mota_test::temp_dir dir;
+  write_bytes(dir / "only.txt", "");
+  std::vector<ustring8> files;
+  sys::get_directory_files(dir.str() + "/", files);
+  EXPECT_EQ(std::vector<ustring8>{dir.str() + "//only.txt"}, files);
+  std::vector<ustring8> untouched{"a"};
+  sys::get_directory_files(dir / "missing", untouched);
+  sys::get_directory_files(dir / "only.txt", untouched);
+  EXPECT_EQ(std::vector<ustring8>{"a"}, untouched);
+}
+
+TEST(GetDirectoryFiles, FollowsLinksButNotBackIntoItsOwnPath) {
+  mota_test::temp_dir dir;
+  const std::string d = dir / "d";
+  fs::create_directories(d + "/x/y");
+  fs::create_directories(d + "/z");
+  write_bytes(d + "/x/y/deep.txt", "");
+  write_bytes(d + "/z/zz.txt", "");
+  write_bytes(dir / "outside.txt", "");
+  make_link(dir / "outside.txt", d + "/to_file");
+  make_link("..", d + "/x/y/up1");      // loops to x
+  make_link("../..", d + "/x/y/up2");   // loops to d
+  make_link(d, d + "/x/root");          // loops to d
+  make_link("../z", d + "/x/sibling");  // a sibling: walked
+  make_link("nowhere", d + "/dangling");
+  // Guard against a walk that never ends before looking at the result.
+  EXPECT_EXIT(
+      {
+        ::alarm(20);
+        std::vector<ustring8> files;
+        sys::get_directory_files(d, files);
+        std::exit(0);
+      },
+      ::testing::ExitedWithCode(0), "");
+  if (HasFailure()) return;
+  std::vector<ustring8> files;
+  sys::get_directory_files(d, files);
+  EXPECT_EQ(as_set({d + "/to_file", d + "/x/y/deep.txt", d + "/x/sibling/zz.txt", d + "/z/zz.txt"}),
+            as_set(files));
+}
+
+TEST(ListDirectory, EveryEntryUnfilteredAndFlat) {
+  mota_test::temp_dir dir;
+  const std::string d = make_tree(dir);
+  make_link("nowhere", d + "/dangling");
+  const std::vector<ustring8> entries = sys::list_directory(d);
+  EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/hidden.txt", d + "/sub1", d + "/sub2",
+                    d + "/closed", d + "/dangling"}),
+            as_set(entries));
+  EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sys::list_directory(d + "/sub2/"));
+  EXPECT_TRUE(sys::list_directory(dir / "missing").empty());
+  EXPECT_TRUE(sys::list_directory(d + "/a.txt").empty());
+}

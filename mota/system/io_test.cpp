@@ -1,0 +1,108 @@
+#include <mota/system/io.hpp>
+
+#include <mota_test.hpp>
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+
+namespace fs = std::filesystem;
+namespace io = mota::system::io;
+
+namespace {
+
+void touch(const std::string& path, const char* text = "") {
+  std::ofstream(path) << text;
+}
+
+}  // namespace
+
+TEST(IoTypeTests, ModeBitsAfterFollowingLinks) {
+  mota_test::temp_dir dir;
+  touch(dir / "file");
+  fs::create_directory(dir / "sub");
+  fs::create_symlink(dir / "file", dir / "file_link");
+  fs::create_symlink(dir / "sub", dir / "dir_link");
+  fs::create_symlink(dir / "nowhere", dir / "dangling");
+  // A socket's mode (0xC000) has both bits set.
+  const std::string socket_path = dir / "sock";
+  const int s = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_GE(s, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  ASSERT_LT(socket_path.size(), sizeof(address.sun_path));
+  std::strcpy(address.sun_path, socket_path.c_str());
+  ASSERT_EQ(0, ::bind(s, reinterpret_cast<sockaddr*>(&address), sizeof(address)));
+  ::close(s);
+
+  const struct {
+    std::string path;
+    bool exists, file, directory;
+  } cases[] = {
+      {dir / "file", true, true, false},
+      {dir / "sub", true, false, true},
+      {dir / "file_link", true, true, false},
+      {dir / "dir_link", true, false, true},
+      {dir / "dangling", false, false, false},
+      {dir / "missing", false, false, false},
+      {socket_path, true, true, true},
+      {"/dev/null", true, false, false},
+      {"", false, false, false},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.exists, io::exists(c.path)) << c.path;
+    EXPECT_EQ(c.file, io::is_file(c.path)) << c.path;
+    EXPECT_EQ(c.directory, io::is_directory(c.path)) << c.path;
+  }
+}
+
+TEST(IoActions, MoveAndRemoveIgnoreFailures) {
+  mota_test::temp_dir dir;
+  touch(dir / "a", "A");
+  io::move(dir / "a", dir / "b");
+  io::move(dir / "missing", dir / "c");  // nothing happens, nothing thrown
+  EXPECT_FALSE(fs::exists(dir / "a") || fs::exists(dir / "c"));
+  EXPECT_TRUE(fs::exists(dir / "b"));
+  for (const char* sub : {"empty", "empty2", "full"})
+    fs::create_directory(dir / sub);
+  touch(dir / "full/x");
+  io::remove_dir(dir / "b");  // not a directory
+  io::remove_dir(dir / "full");
+  io::remove_dir(dir / "empty");
+  EXPECT_TRUE(fs::exists(dir / "b") && fs::exists(dir / "full/x"));
+  EXPECT_FALSE(fs::exists(dir / "empty"));
+  io::remove_file(dir / "b");
+  io::remove_file(dir / "empty2");  // remove() takes empty directories too
+  io::remove_file(dir / "full");
+  io::remove_file(dir / "missing");
+  EXPECT_FALSE(fs::exists(dir / "b") || fs::exists(dir / "empty2"));
+  EXPECT_TRUE(fs::exists(dir / "full/x"));
+}
+
+TEST(IoMkdir, CreatesEveryComponent) {
+  mota_test::temp_dir dir;
+  io::mkdir(dir / "a/b/c");
+  EXPECT_TRUE(fs::is_directory(dir / "a/b/c"));
+  io::mkdir(dir / "t/u/");
+  EXPECT_TRUE(fs::is_directory(dir / "t/u"));
+  io::mkdir(dir / "a/b/c");  // already there
+  EXPECT_TRUE(fs::is_directory(dir / "a/b/c"));
+  touch(dir / "f");
+  io::mkdir(dir / "f/g");  // blocked by a file: nothing made, nothing thrown
+  EXPECT_FALSE(fs::exists(dir / "f/g"));
+  EXPECT_TRUE(fs::is_regular_file(dir / "f"));
+  io::mkdir("");
+
+  const fs::path previous = fs::current_path();
+  fs::current_path(dir.path());
+  io::mkdir("rel/one");
+  io::mkdir("./dot/two");
+  io::mkdir("solo");
+  fs::current_path(previous);
+  for (const char* p : {"rel/one", "dot/two", "solo"})
+    EXPECT_TRUE(fs::is_directory(dir / p)) << p;
+}
