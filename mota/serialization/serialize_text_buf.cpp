@@ -1,5 +1,6 @@
 #include <mota/serialization/serialize_text_buf.hpp>
 
+#include <mota/generic/convert/str_to_float.hpp>
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
 #include <mota/serialization/_private/read_position.hpp>
@@ -22,8 +23,8 @@ using _private::advance_position;
 
 namespace {
 
-// The radix value that makes the parsers detect the radix from the text.
-const auto detect_radix = static_cast<types::radix_t::base>(0);
+// The parsers detect the radix from the text ("0x", "0b", a leading "0").
+constexpr types::radix_t::base detect_radix = types::radix_t::detect;
 
 // The failure a standard substring taken from beyond the end reports, word for word.
 [[noreturn]] void throw_beyond_content(std::size_t position, std::size_t size) {
