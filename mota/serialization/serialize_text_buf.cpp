@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <locale>
@@ -59,6 +60,26 @@ void append_floating(std::string& content, double value, unsigned int precision)
   stream.precision(static_cast<std::streamsize>(precision));
   stream << value;
   content += stream.str();
+}
+
+// Parses a plain decimal token ("-12.5e3" and the like) without building a stream. With the
+// classic global locale such a token gives exactly what generic::convert's stream extraction
+// gives: both round correctly. Anything else (blanks, "+", "inf", a trailing rest, overflow,
+// subnormal results, another global locale) returns false and is left to generic::convert.
+template <class T>
+bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
+  if (length == 0 || length > 64) return false;
+  if (token[0] != '-' && (token[0] < '0' || token[0] > '9')) return false;
+  for (std::size_t i = 0; i < length; ++i) {
+    const char c = token[i];
+    if ((c < '0' || c > '9') && c != '.' && c != 'e' && c != 'E' && c != '-' && c != '+') {
+      return false;
+    }
+  }
+  const auto result = std::from_chars(token, token + length, value);
+  if (result.ec != std::errc() || result.ptr != token + length) return false;
+  if (value != 0 && !std::isnormal(value)) return false;
+  return std::locale() == std::locale::classic();
 }
 
 }  // namespace
@@ -269,6 +290,8 @@ float serialize_text_buf::read_float() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length)) return 0.0f;
+  float value = 0.0f;
+  if (parse_plain_decimal(token, length, value)) return value;
   return convert::str_to_float(strings::ustring8(token, length));
 }
 
@@ -276,6 +299,8 @@ double serialize_text_buf::read_double() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length)) return 0.0;
+  double value = 0.0;
+  if (parse_plain_decimal(token, length, value)) return value;
   return convert::str_to_double(strings::ustring8(token, length));
 }
 

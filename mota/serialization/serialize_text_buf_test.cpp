@@ -1,3 +1,4 @@
+#include <mota/generic/convert/str_to_float.hpp>
 #include <mota/serialization/serialize_binary_buf.hpp>
 #include <mota/serialization/serialize_text_buf.hpp>
 
@@ -127,6 +128,44 @@ TEST(SerializeTextBuf, FloatingTextMatchesAStringStreamAtTheGivenPrecision) {
   EXPECT_EQ(1234570.0f, buf.read_float());
 }
 
+// Every token reads as generic::convert's stream-based parsers read it, bit for bit.
+TEST(SerializeTextBuf, FloatingTokensReadAsTheConvertParsersReadThem) {
+  const char* const tokens[] = {"0.1",
+                                "-0",
+                                "3.14",
+                                "1e308",
+                                "1e309",
+                                "-1e309",
+                                "4.9e-324",
+                                "1e-400",
+                                "1.",
+                                ".5",
+                                "00012.5",
+                                "-2.5E+3",
+                                "1e+",
+                                "1e5e3",
+                                "nan",
+                                "inf",
+                                "+5",
+                                " 5",
+                                "5 ",
+                                "0x10",
+                                "1-2",
+                                "3.4028236e38",
+                                "123456789012345678901234567890",
+                                "1.17549435e-38",
+                                "--1"};
+  for (const char* token : tokens) {
+    serialize_text_buf buf(std::string(token) + sep + token + sep);
+    const double d = buf.read_double();
+    const float f = buf.read_float();
+    const double expected_d = mota::generic::convert::str_to_double(token);
+    const float expected_f = mota::generic::convert::str_to_float(token);
+    EXPECT_EQ(0, std::memcmp(&expected_d, &d, sizeof d)) << token;
+    EXPECT_EQ(0, std::memcmp(&expected_f, &f, sizeof f)) << token;
+  }
+}
+
 // A numpunct that writes a comma for the decimal point.
 struct comma_point : std::numpunct<char> {
   char do_decimal_point() const override { return ','; }
@@ -137,8 +176,22 @@ TEST(SerializeTextBuf, FloatingTextFollowsTheGlobalLocaleAsAStreamDoes) {
       std::locale::global(std::locale(std::locale::classic(), new comma_point));
   serialize_text_buf buf;
   buf.append_double(2.5, 6);
+  buf.append_string("");
+  buf.assign(buf.as_str() + "2.5" + sep);
+  const double comma = buf.read_double();
+  buf.read_string();
+  const double point = buf.read_double();
+  const double expected_comma = mota::generic::convert::str_to_double("2,5");
+  const double expected_point = mota::generic::convert::str_to_double("2.5");
   std::locale::global(previous);
-  EXPECT_EQ("2,5\x01", buf.as_str());
+  EXPECT_EQ(
+      "2,5\x01"
+      "0\x01\x01"
+      "2.5\x01",
+      buf.as_str());
+  EXPECT_EQ(expected_comma, comma);
+  EXPECT_EQ(expected_point, point);
+  EXPECT_EQ(2.0, point);  // the stream stops at the point it does not know
 }
 
 TEST(SerializeTextBuf, ATokenWithoutSeparatorExhaustsTheBufferUntilReset) {
