@@ -1,6 +1,8 @@
 #include <mota/system/file_utility.hpp>
 
 #include <mota/exceptions/_private/throw.hpp>
+#include <mota/generic/convert/x_to_str.hpp>
+#include <mota/strings/utf.hpp>
 #include <mota/system/_private/make_path.hpp>
 #include <mota/system/io.hpp>
 
@@ -22,6 +24,20 @@ namespace {
 
 const std::string& to_utf8(const strings::ustring8& path) {
   return path;
+}
+strings::ustring8 to_utf8(const strings::ustring16& path) {
+  return strings::utf16_to_utf8(path);
+}
+strings::ustring8 to_utf8(const strings::ustring32& path) {
+  return strings::utf32_to_utf8(path);
+}
+
+// The pointer only selects the target encoding.
+strings::ustring16 from_utf8(const strings::ustring8& path, const strings::ustring16*) {
+  return strings::utf8_to_utf16(path);
+}
+strings::ustring32 from_utf8(const strings::ustring8& path, const strings::ustring32*) {
+  return strings::utf8_to_utf32(path);
 }
 
 bool is_symbolic_link(const std::string& path) {
@@ -46,9 +62,10 @@ int load_into(const std::string& path, Content& content) {
   const std::int64_t size = static_cast<std::int64_t>(stream.tellg());
   if (size < 0) return 1;
   if (size >= std::int64_t(1) << 31)
-    MOTA_THROW_AS(exceptions::runtime_error,
-                  std::to_string(static_cast<long long>(size)) + " is large than a string can hold",
-                  "load_file");
+    MOTA_THROW_AS(
+        exceptions::runtime_error,
+        generic::convert::to_str(static_cast<long long>(size)) + " is large than a string can hold",
+        "load_file");
   content.resize(static_cast<std::size_t>(size));
   stream.seekg(0, std::ios::beg);
   if (size > 0) stream.read(&content[0], static_cast<std::streamsize>(size));
@@ -147,7 +164,11 @@ bool safe_oopen(S path, std::ofstream& stream) {
 }
 
 template MOTA_API bool safe_iopen<strings::ustring8>(strings::ustring8, std::ifstream&);
+template MOTA_API bool safe_iopen<strings::ustring16>(strings::ustring16, std::ifstream&);
+template MOTA_API bool safe_iopen<strings::ustring32>(strings::ustring32, std::ifstream&);
 template MOTA_API bool safe_oopen<strings::ustring8>(strings::ustring8, std::ofstream&);
+template MOTA_API bool safe_oopen<strings::ustring16>(strings::ustring16, std::ofstream&);
+template MOTA_API bool safe_oopen<strings::ustring32>(strings::ustring32, std::ofstream&);
 
 int load_file(const strings::ustring8& path, strings::ustring8& content) {
   return load_into(path, content);
@@ -182,6 +203,81 @@ void get_directory_files(const strings::ustring8& directory,
 
 std::vector<strings::ustring8> list_directory(const strings::ustring8& directory) {
   return list_from(directory);
+}
+
+// The wide forms convert the path to UTF-8 and forward.
+
+int load_file(const strings::ustring16& path, strings::ustring8& content) {
+  return load_into(to_utf8(path), content);
+}
+int load_file(const strings::ustring16& path, std::string& content) {
+  return load_into(to_utf8(path), content);
+}
+int load_file(const strings::ustring32& path, strings::ustring8& content) {
+  return load_into(to_utf8(path), content);
+}
+int load_file(const strings::ustring32& path, std::string& content) {
+  return load_into(to_utf8(path), content);
+}
+
+int store_file(const strings::ustring16& path, const strings::ustring8& content) {
+  return store_file(to_utf8(path), content);
+}
+int store_file(const strings::ustring32& path, const strings::ustring8& content) {
+  return store_file(to_utf8(path), content);
+}
+
+bool create_directory(const strings::ustring16& path) {
+  return create_directory(to_utf8(path));
+}
+bool create_directory(const strings::ustring32& path) {
+  return create_directory(to_utf8(path));
+}
+
+bool have_read_access(const strings::ustring16& path) {
+  return have_read_access(to_utf8(path));
+}
+bool have_read_access(const strings::ustring32& path) {
+  return have_read_access(to_utf8(path));
+}
+
+namespace {
+
+template <class Wide>
+void get_wide_directory_files(const Wide& directory, std::vector<Wide>& files) {
+  std::vector<strings::ustring8> found;
+  walk_from(to_utf8(directory), found);
+  files.reserve(files.size() + found.size());
+  for (const strings::ustring8& path : found)
+    files.push_back(from_utf8(path, static_cast<const Wide*>(nullptr)));
+}
+
+template <class Wide>
+std::vector<Wide> list_wide_directory(const Wide& directory) {
+  const std::vector<strings::ustring8> found = list_from(to_utf8(directory));
+  std::vector<Wide> entries;
+  entries.reserve(found.size());
+  for (const strings::ustring8& path : found)
+    entries.push_back(from_utf8(path, static_cast<const Wide*>(nullptr)));
+  return entries;
+}
+
+}  // namespace
+
+void get_directory_files(const strings::ustring16& directory,
+                         std::vector<strings::ustring16>& files) {
+  get_wide_directory_files(directory, files);
+}
+void get_directory_files(const strings::ustring32& directory,
+                         std::vector<strings::ustring32>& files) {
+  get_wide_directory_files(directory, files);
+}
+
+std::vector<strings::ustring16> list_directory(const strings::ustring16& directory) {
+  return list_wide_directory(directory);
+}
+std::vector<strings::ustring32> list_directory(const strings::ustring32& directory) {
+  return list_wide_directory(directory);
 }
 
 }  // namespace system

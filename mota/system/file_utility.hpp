@@ -29,10 +29,16 @@ namespace system {
 // string can hold" for a file of 2^31 bytes or more.
 MOTA_API int load_file(const strings::ustring8& path, strings::ustring8& content);
 MOTA_API int load_file(const strings::ustring8& path, std::string& content);
+MOTA_API int load_file(const strings::ustring16& path, strings::ustring8& content);
+MOTA_API int load_file(const strings::ustring16& path, std::string& content);
+MOTA_API int load_file(const strings::ustring32& path, strings::ustring8& content);
+MOTA_API int load_file(const strings::ustring32& path, std::string& content);
 
 // Writes `content` as the whole file (truncating it) and returns 0; returns 1 when the path
 // is a symbolic link or cannot be opened for writing.
 MOTA_API int store_file(const strings::ustring8& path, const strings::ustring8& content);
+MOTA_API int store_file(const strings::ustring16& path, const strings::ustring8& content);
+MOTA_API int store_file(const strings::ustring32& path, const strings::ustring8& content);
 
 // Returns true at once when the path is an existing directory. Otherwise calls mkdir (mode
 // 0775) on every prefix of the path that ends before a "/" (a leading "/" or "./" excepted),
@@ -40,22 +46,32 @@ MOTA_API int store_file(const strings::ustring8& path, const strings::ustring8& 
 // The component after the last "/" is intentionally not created: "a/b" makes only "a", and
 // "a/b/" makes "a" and "a/b".
 MOTA_API bool create_directory(const strings::ustring8& path);
+MOTA_API bool create_directory(const strings::ustring16& path);
+MOTA_API bool create_directory(const strings::ustring32& path);
 
 // True when stat succeeds and the owner-read bit (0400) is set; the caller's identity is not
 // considered.
 MOTA_API bool have_read_access(const strings::ustring8& path);
+MOTA_API bool have_read_access(const strings::ustring16& path);
+MOTA_API bool have_read_access(const strings::ustring32& path);
 
 // Appends to `files` the full paths (directory + "/" + name, the "/" always added) of the
 // regular files with the owner-read bit found under the directory: each directory's files in
 // the order the system lists them, then its readable subdirectories, depth first. Links are
 // followed, except to a directory already on the path being walked. A directory that cannot
-// be opened adds nothing.
+// be opened adds nothing. The wide forms convert each found path back to their own encoding.
 MOTA_API void get_directory_files(const strings::ustring8& directory,
                                   std::vector<strings::ustring8>& files);
+MOTA_API void get_directory_files(const strings::ustring16& directory,
+                                  std::vector<strings::ustring16>& files);
+MOTA_API void get_directory_files(const strings::ustring32& directory,
+                                  std::vector<strings::ustring32>& files);
 
 // Every entry of the directory but "." and "..", as directory + "/" + name, unfiltered and
 // not recursive; empty when the directory cannot be opened.
 MOTA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& directory);
+MOTA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& directory);
+MOTA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& directory);
 
 // Unless the path is a symbolic link, opens `stream` on it with in | binary and returns true
 // (whether or not the open succeeded: test the stream too); returns false for a link without

@@ -1,5 +1,7 @@
 #include <mota/system/file_utility.hpp>
 
+#include <mota/strings/utf.hpp>
+
 #include <mota_test.hpp>
 
 #include <sys/stat.h>
@@ -309,4 +311,39 @@ TEST(ListDirectory, EveryEntryUnfilteredAndFlat) {
   EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sys::list_directory(d + "/sub2/"));
   EXPECT_TRUE(sys::list_directory(dir / "missing").empty());
   EXPECT_TRUE(sys::list_directory(d + "/a.txt").empty());
+}
+
+TEST(WidePaths, ConvertToUtf8AndBack) {
+  using mota::strings::ustring16;
+  using mota::strings::ustring32;
+  using mota::strings::utf8_to_utf16;
+  using mota::strings::utf8_to_utf32;
+  mota_test::temp_dir dir;
+  const std::string d = dir / "caf\xC3\xA9";             // UTF-8 bytes on disk
+  const std::string file = d + "/\xF0\x9F\x98\x80.txt";  // outside the BMP: a surrogate pair
+  EXPECT_TRUE(sys::create_directory(utf8_to_utf16(d + "/")));
+  EXPECT_TRUE(fs::is_directory(d));
+  EXPECT_EQ(0, sys::store_file(utf8_to_utf32(file), "wide"));
+  EXPECT_EQ("wide", read_bytes(file));
+  std::string loaded;
+  EXPECT_EQ(0, sys::load_file(utf8_to_utf16(file), loaded));
+  EXPECT_EQ("wide", loaded);
+  ustring8 loaded8;
+  EXPECT_EQ(0, sys::load_file(utf8_to_utf32(file), loaded8));
+  EXPECT_EQ("wide", loaded8);
+  EXPECT_TRUE(sys::have_read_access(utf8_to_utf32(file)));
+  std::vector<ustring16> files16{utf8_to_utf16("kept")};
+  sys::get_directory_files(utf8_to_utf16(d), files16);
+  EXPECT_EQ((std::vector<ustring16>{utf8_to_utf16("kept"), utf8_to_utf16(file)}), files16);
+  std::vector<ustring32> files32;
+  sys::get_directory_files(utf8_to_utf32(d), files32);
+  EXPECT_EQ(std::vector<ustring32>{utf8_to_utf32(file)}, files32);
+  EXPECT_EQ(std::vector<ustring16>{utf8_to_utf16(file)}, sys::list_directory(utf8_to_utf16(d)));
+  EXPECT_EQ(std::vector<ustring32>{utf8_to_utf32(file)}, sys::list_directory(utf8_to_utf32(d)));
+  std::ifstream in;
+  EXPECT_TRUE(sys::safe_iopen(utf8_to_utf32(file), in));
+  EXPECT_TRUE(in.is_open());
+  make_link(file, d + "/link");
+  std::ofstream out;
+  EXPECT_FALSE(sys::safe_oopen(utf8_to_utf16(d + "/link"), out));
 }

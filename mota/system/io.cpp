@@ -1,5 +1,6 @@
 #include <mota/system/io.hpp>
 
+#include <mota/strings/utf.hpp>
 #include <mota/system/_private/make_path.hpp>
 
 #include <sys/stat.h>
@@ -54,6 +55,50 @@ void mkdir(const strings::ustring8& path) {
   _private::make_path_prefixes(copy);
   // The prefix walk stops before the last component; create it as well.
   static_cast<void>(::mkdir(copy.c_str(), 0775));
+}
+
+// The wide forms convert the path to UTF-8 and forward.
+bool exists(const strings::ustring16& path) {
+  return exists(strings::utf16_to_utf8(path));
+}
+bool exists(const strings::ustring32& path) {
+  return exists(strings::utf32_to_utf8(path));
+}
+bool is_file(const strings::ustring16& path) {
+  return is_file(strings::utf16_to_utf8(path));
+}
+bool is_file(const strings::ustring32& path) {
+  return is_file(strings::utf32_to_utf8(path));
+}
+bool is_directory(const strings::ustring16& path) {
+  return is_directory(strings::utf16_to_utf8(path));
+}
+bool is_directory(const strings::ustring32& path) {
+  return is_directory(strings::utf32_to_utf8(path));
+}
+void move(const strings::ustring16& from, const strings::ustring16& to) {
+  move(strings::utf16_to_utf8(from), strings::utf16_to_utf8(to));
+}
+void move(const strings::ustring32& from, const strings::ustring32& to) {
+  move(strings::utf32_to_utf8(from), strings::utf32_to_utf8(to));
+}
+void remove_file(const strings::ustring16& path) {
+  remove_file(strings::utf16_to_utf8(path));
+}
+void remove_file(const strings::ustring32& path) {
+  remove_file(strings::utf32_to_utf8(path));
+}
+void remove_dir(const strings::ustring16& path) {
+  remove_dir(strings::utf16_to_utf8(path));
+}
+void remove_dir(const strings::ustring32& path) {
+  remove_dir(strings::utf32_to_utf8(path));
+}
+void mkdir(const strings::ustring16& path) {
+  mkdir(strings::utf16_to_utf8(path));
+}
+void mkdir(const strings::ustring32& path) {
+  mkdir(strings::utf32_to_utf8(path));
 }
 
 }  // namespace io

@@ -1,5 +1,7 @@
 #include <mota/system/io.hpp>
 
+#include <mota/strings/utf.hpp>
+
 #include <mota_test.hpp>
 
 #include <sys/socket.h>
@@ -105,4 +107,26 @@ TEST(IoMkdir, CreatesEveryComponent) {
   fs::current_path(previous);
   for (const char* p : {"rel/one", "dot/two", "solo"})
     EXPECT_TRUE(fs::is_directory(dir / p)) << p;
+}
+
+TEST(IoWidePaths, ConvertToUtf8) {
+  using mota::strings::utf8_to_utf16;
+  using mota::strings::utf8_to_utf32;
+  mota_test::temp_dir dir;
+  const std::string base = dir / "\xC3\xBC";
+  io::mkdir(utf8_to_utf16(base + "/a"));
+  io::mkdir(utf8_to_utf32(base + "/b"));
+  EXPECT_TRUE(io::is_directory(utf8_to_utf16(base + "/a")));
+  EXPECT_TRUE(io::is_directory(utf8_to_utf32(base + "/b")));
+  touch(base + "/f\xE2\x82\xAC");
+  EXPECT_TRUE(io::exists(utf8_to_utf16(base + "/f\xE2\x82\xAC")));
+  EXPECT_TRUE(io::is_file(utf8_to_utf32(base + "/f\xE2\x82\xAC")));
+  io::move(utf8_to_utf16(base + "/f\xE2\x82\xAC"), utf8_to_utf16(base + "/g"));
+  io::move(utf8_to_utf32(base + "/g"), utf8_to_utf32(base + "/h"));
+  EXPECT_TRUE(fs::exists(base + "/h"));
+  io::remove_file(utf8_to_utf16(base + "/h"));
+  io::remove_dir(utf8_to_utf16(base + "/a"));
+  io::remove_dir(utf8_to_utf32(base + "/b"));
+  io::remove_file(utf8_to_utf32(base));
+  EXPECT_FALSE(io::exists(utf8_to_utf32(base)));
 }
