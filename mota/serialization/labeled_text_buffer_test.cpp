@@ -1,3 +1,4 @@
+#include <mota/exceptions/logic_error.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/serialization/labeled_text_buffer.hpp>
 #include <mota/types/variant.hpp>
