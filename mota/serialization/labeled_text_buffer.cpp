@@ -2,6 +2,9 @@
 
 #include <mota/exceptions/_private/throw.hpp>
 
+#include <tuple>
+#include <utility>
+
 namespace MOTA_2_18 {
 namespace serialization {
 
@@ -54,7 +57,7 @@ void labeled_text_buffer::assign(const labeled_serialize_buffer& other) {
 void labeled_text_buffer::assign(const labeled_text_buffer& other) {
   if (&other == this) return;
   // Copy before replacing: `other` may be one of this buffer's own groups.
-  std::map<std::string, entry> copy(other.m_entries);
+  entries copy(other.m_entries);
   m_entries.swap(copy);
 }
 
@@ -116,26 +119,34 @@ std::string labeled_text_buffer::as_str() const {
   return out.as_str();
 }
 
-bool labeled_text_buffer::add_value(const std::string& label, const types::variant& value) {
-  std::string key = trimmed(label);
-  auto found = m_entries.find(key);
-  if (found == m_entries.end()) {
-    m_entries.emplace(std::move(key), entry(labeled_text_buffer(), value));
-    return false;
+labeled_text_buffer::entries::iterator labeled_text_buffer::find_or_add(std::string&& label,
+                                                                        bool& added) {
+  // Parsed text comes in label order, so a label past the last one is appended in one step.
+  if (m_entries.empty() || m_entries.rbegin()->first < label) {
+    added = true;
+    return m_entries.emplace_hint(m_entries.end(), std::piecewise_construct,
+                                  std::forward_as_tuple(std::move(label)), std::tuple<>());
   }
-  types::variant& stored = found->second.second;
-  const bool replaced = stored != types::nil;
+  auto found = m_entries.lower_bound(label);
+  added = found == m_entries.end() || found->first != label;
+  if (added) {
+    found = m_entries.emplace_hint(found, std::piecewise_construct,
+                                   std::forward_as_tuple(std::move(label)), std::tuple<>());
+  }
+  return found;
+}
+
+bool labeled_text_buffer::add_value(const std::string& label, const types::variant& value) {
+  bool added = false;
+  types::variant& stored = find_or_add(trimmed(label), added)->second.second;
+  const bool replaced = !added && stored != types::nil;
   stored = value;
   return replaced;
 }
 
 labeled_text_buffer& labeled_text_buffer::create_group(const std::string& label) {
-  std::string key = trimmed(label);
-  auto found = m_entries.find(key);
-  if (found == m_entries.end()) {
-    found = m_entries.emplace(std::move(key), entry()).first;
-  }
-  return found->second.first;
+  bool added = false;
+  return find_or_add(trimmed(label), added)->second.first;
 }
 
 bool labeled_text_buffer::has_label(const std::string& label) const {

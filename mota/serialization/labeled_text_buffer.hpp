@@ -73,13 +73,17 @@ class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
 
  private:
   using entry = std::pair<labeled_text_buffer, types::variant>;
+  using entries = std::map<std::string, entry>;
+
+  // The entry `label`, made with an empty group and a nil value when missing (`added` says so).
+  entries::iterator find_or_add(std::string&& label, bool& added);
 
   // Replaces the entries with those read from `text`, a group nested `depth` levels deep.
   void parse(const std::string& text, unsigned int depth);
   // True when `group` is one of the groups anywhere below this buffer.
   bool holds_group(const labeled_text_buffer* group) const;
 
-  std::map<std::string, entry> m_entries;
+  entries m_entries;
   serialize_text_buf m_work;
 };
 
