@@ -27,8 +27,6 @@ bool is_group_label(const std::string& label) {
 
 }  // namespace
 
-constexpr unsigned int labeled_text_buffer::max_depth;
-
 labeled_text_buffer::labeled_text_buffer() = default;
 
 labeled_text_buffer::labeled_text_buffer(const labeled_text_buffer& other)

@@ -3,8 +3,6 @@
 namespace MOTA_2_18 {
 namespace serialization {
 
-constexpr std::uint32_t serialize_buffer::exhausted;
-
 serialize_buffer::~serialize_buffer() = default;
 
 }  // namespace serialization

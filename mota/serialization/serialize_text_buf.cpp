@@ -84,8 +84,6 @@ bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
 
 }  // namespace
 
-constexpr char serialize_text_buf::separator;
-
 serialize_text_buf::serialize_text_buf() : m_read_pos(0) {}
 
 serialize_text_buf::serialize_text_buf(const serialize_text_buf& other)
