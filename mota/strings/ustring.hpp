@@ -30,6 +30,9 @@ class MOTA_API ustring8 : public std::string {
   ustring8(ustring8&&) noexcept = default;
   ~ustring8() = default;
 
+  // The base's other assignments (a character, a list, a view) stay usable; the ones below
+  // return the derived class.
+  using std::string::operator=;
   ustring8& operator=(const ustring8&) = default;
   ustring8& operator=(ustring8&&) noexcept = default;
   ustring8& operator=(const char* text) {
@@ -59,6 +62,7 @@ class MOTA_API ustring16 : public ustring16_base {
   ustring16(ustring16&&) noexcept = default;
   ~ustring16() = default;
 
+  using ustring16_base::operator=;  // from a unit pointer, a unit, a list
   ustring16& operator=(const ustring16&) = default;
   ustring16& operator=(ustring16&&) noexcept = default;
   ustring16& operator=(const ustring16_base& text) {
@@ -78,6 +82,7 @@ class MOTA_API ustring32 : public std::wstring {
   ustring32(ustring32&&) noexcept = default;
   ~ustring32() = default;
 
+  using std::wstring::operator=;  // from a wide C string, a character, a list
   ustring32& operator=(const ustring32&) = default;
   ustring32& operator=(ustring32&&) noexcept = default;
   ustring32& operator=(const std::wstring& text) {

@@ -43,6 +43,25 @@ TEST(Ustring, WideClassesKeepTheirUnits) {
   EXPECT_EQ(0x1F600, static_cast<int>(u32[0]));
 }
 
+TEST(Ustring, KeepsTheBaseAssignments) {
+  ustring8 narrow = "abc";
+  narrow = 'x';
+  EXPECT_EQ("x", narrow);
+  narrow = {'a', 'b'};
+  EXPECT_EQ("ab", narrow);
+  ustring16 units;
+  const unsigned short text16[] = {0x41, 0xD83D, 0xDE00, 0};
+  units = text16;
+  EXPECT_EQ(ustring16(text16), units);
+  units = {0x42};
+  EXPECT_EQ(ustring16(1, 0x42), units);
+  ustring32 wide;
+  wide = L"\U0001F600z";
+  EXPECT_EQ(std::wstring(L"\U0001F600z"), wide);
+  wide = L'q';
+  EXPECT_EQ(std::wstring(L"q"), wide);
+}
+
 TEST(Ustring, WorksAsKeyInStandardContainers) {
   std::map<ustring8, int> by_name{{"b", 2}, {"a", 1}};
   EXPECT_EQ("a", by_name.begin()->first);

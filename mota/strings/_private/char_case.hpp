@@ -1,6 +1,7 @@
 // Not part of the public interface.
 // One element through the C library's tolower/toupper. A char goes in as its signed value; a
-// wider unit only when it lies inside the C library's table (0..255), else it is kept.
+// wider unit only when it lies inside the C library's table (-128..255, the signed char values
+// included), else it is kept as the C library would keep it.
 #ifndef MOTA_STRINGS_PRIVATE_CHAR_CASE_HPP
 #define MOTA_STRINGS_PRIVATE_CHAR_CASE_HPP
 
@@ -20,12 +21,12 @@ inline char upper_unit(char c) {
 template <typename Unit>
 inline Unit lower_unit(Unit c) {
   const long long v = c;
-  return (v >= 0 && v <= 255) ? static_cast<Unit>(std::tolower(static_cast<int>(v))) : c;
+  return (v >= -128 && v <= 255) ? static_cast<Unit>(std::tolower(static_cast<int>(v))) : c;
 }
 template <typename Unit>
 inline Unit upper_unit(Unit c) {
   const long long v = c;
-  return (v >= 0 && v <= 255) ? static_cast<Unit>(std::toupper(static_cast<int>(v))) : c;
+  return (v >= -128 && v <= 255) ? static_cast<Unit>(std::toupper(static_cast<int>(v))) : c;
 }
 
 }  // namespace _private
