@@ -45,20 +45,23 @@ const char* const catalog_usage =
     "  --help         print this text\n";
 
 const char* const config_usage =
-    "usage: mota config get KEY [--file NAME] [-- ARGS...]\n"
-    "       mota config dump [--file NAME] [-- ARGS...]\n"
+    "usage: mota config get KEY [--file NAME] [--program NAME] [-- ARGS...]\n"
+    "       mota config dump [--file NAME] [--program NAME] [-- ARGS...]\n"
     "\n"
     "Reads the configuration the way an application does: the arguments after '--' (as\n"
     "its command line, for example -server.port=9000), the file NAME and the process\n"
-    "environment, the first of them that sets a key taking precedence.\n"
+    "environment, the first of them that sets a key taking precedence. Without --file\n"
+    "the file is the one the library picks: the value of cfg_file from the arguments or\n"
+    "the environment, else the program name with \".cfg\" (mota.cfg).\n"
     "\n"
     "get   prints the value of the dotted KEY; an array prints one element a line.\n"
     "      Exits 2 when no source sets the key.\n"
     "dump  prints every source with all its keys.\n"
     "\n"
     "options:\n"
-    "  --file NAME    configuration file to read\n"
-    "  --help         print this text\n";
+    "  --file NAME      configuration file to read\n"
+    "  --program NAME   program name the arguments belong to (default: mota)\n"
+    "  --help           print this text\n";
 
 const char* const convert_usage =
     "usage: mota convert --from CODE --to CODE\n"
