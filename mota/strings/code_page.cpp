@@ -1,6 +1,7 @@
 #include <mota/strings/code_page.hpp>
 
 #include <mota/exceptions/_private/throw.hpp>
+#include <mota/strings/utf.hpp>
 
 #include <iconv.h>
 #include <langinfo.h>
@@ -187,6 +188,22 @@ std::string code_page::encode(const ustring8& text) const {
 
 ustring8 code_page::as_utf8(const std::string& text) const {
   return ustring8(convert(text, "UTF-8", to_system_type(m_type), "as_utf8"));
+}
+
+std::string code_page::encode(const ustring16& text) const {
+  return encode(utf16_to_utf8(text));
+}
+
+std::string code_page::encode(const ustring32& text) const {
+  return encode(utf32_to_utf8(text));
+}
+
+ustring16 code_page::as_utf16(const std::string& text) const {
+  return utf8_to_utf16(as_utf8(text));
+}
+
+ustring32 code_page::as_utf32(const std::string& text) const {
+  return utf8_to_utf32(as_utf8(text));
 }
 
 ustring8 code_page::as_ustring(const std::string& text) const {

@@ -98,10 +98,17 @@ class MOTA_API code_page {
   // cannot convert between the two sets, "Unknown failure on iconv open", "Unknown iconv
   // error" or "iconv failed to close" for other iconv failures.
   std::string encode(const ustring8& text) const;
+  // UTF-16 / UTF-32 `text` made UTF-8 by utf16_to_utf8 / utf32_to_utf8, then as above (text
+  // those reject arrives here as "-1").
+  std::string encode(const ustring16& text) const;
+  std::string encode(const ustring32& text) const;
 
   // `text` in this code page converted to UTF-8; undecodable bytes become "?", an incomplete
   // sequence at the end is dropped. Throws as encode.
   ustring8 as_utf8(const std::string& text) const;
+  // as_utf8 followed by utf8_to_utf16 / utf8_to_utf32.
+  ustring16 as_utf16(const std::string& text) const;
+  ustring32 as_utf32(const std::string& text) const;
   // The same as as_utf8.
   ustring8 as_ustring(const std::string& text) const;
 

@@ -91,6 +91,21 @@ inline bool operator!=(const ustring8& a, const ustring8& b) {
   return static_cast<const std::string&>(a) != static_cast<const std::string&>(b);
 }
 
+// Mixed comparisons with the base string would otherwise be ambiguous between the overload
+// above and the standard one.
+inline bool operator!=(const ustring8& a, const std::string& b) {
+  return static_cast<const std::string&>(a) != b;
+}
+inline bool operator!=(const std::string& a, const ustring8& b) {
+  return a != static_cast<const std::string&>(b);
+}
+inline bool operator!=(const ustring8& a, const char* b) {
+  return static_cast<const std::string&>(a) != b;
+}
+inline bool operator!=(const char* a, const ustring8& b) {
+  return a != static_cast<const std::string&>(b);
+}
+
 // Concatenation that stays a ustring8.
 inline ustring8 operator+(const ustring8& a, const char* b) {
   ustring8 result(a);

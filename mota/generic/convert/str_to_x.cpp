@@ -1,6 +1,7 @@
 #include <mota/generic/convert/str_to_x.hpp>
 
 #include <mota/exceptions/_private/throw.hpp>
+#include <mota/strings/utf.hpp>
 
 #include <cctype>
 #include <limits>
@@ -11,14 +12,6 @@ namespace generic {
 namespace convert {
 
 namespace {
-
-template <typename C>
-unsigned int measure(const C* text) {
-  unsigned int n = 0;
-  while (text[n] != 0)
-    ++n;
-  return n;
-}
 
 // The character as a plain int; every character type used here fits.
 inline std::int32_t code(char c) {
@@ -201,7 +194,8 @@ template <typename T, typename C>
 T strtointx(const C* text, unsigned int size, unsigned int radix, bool throw_on_range_error) {
   static_assert(std::is_signed<T>::value, "strtointx parses signed types");
   using M = magnitude_t<T>;
-  if (size == 0) size = measure(text);
+  if (text == nullptr) return 0;
+  if (size == 0) size = strings::string_length(text);
 
   lead_t lead;
   if (!read_lead(text, size, radix, lead)) return 0;
@@ -238,6 +232,7 @@ T strtouintx(const C* text, unsigned int size, unsigned int radix, bool throw_on
   static_assert(std::is_unsigned<T>::value, "strtouintx parses unsigned types");
   using M = magnitude_t<T>;
   // A size of 0 is deliberately not measured here: only the first character is read.
+  if (text == nullptr) return 0;
 
   lead_t lead;
   if (!read_lead(text, size, radix, lead)) return 0;

@@ -280,10 +280,10 @@ TEST(StrToUint, SizeZeroReadsOneCharacter) {
   EXPECT_EQ(123, convert::str_to_int("123", 0, radix_t::decimal, false));
 }
 
-TEST(StrToInt, TemplatesMatchForwarders) {
-  EXPECT_EQ(-31, (convert::strtointx<int, char>(" -0x1F", 0, 0, false)));
-  EXPECT_EQ(-31L, (convert::strtointx<long, unsigned short>(u16("-0x1F").c_str(), 0, 0, false)));
-  EXPECT_EQ(31UL, (convert::strtouintx<unsigned long, wchar_t>(L"0x1F", 4, 0, false)));
+TEST(StrToInt, NullTextIsZero) {
+  EXPECT_EQ(0, convert::str_to_int(static_cast<const char*>(nullptr), 0, radix_t::decimal, true));
+  EXPECT_EQ(0u,
+            convert::str_to_uint64(static_cast<const wchar_t*>(nullptr), 0, radix_t::detect, true));
 }
 
 TEST(IsSpace, FollowsTheCLibrary) {

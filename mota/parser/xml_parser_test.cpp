@@ -1,0 +1,388 @@
+#include <mota/functor/member_function.hpp>
+#include <mota/parser/xml_parser.hpp>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using mota::parser::xml_parser;
+using mota::strings::ustring8;
+using error = xml_parser::parse_error;
+
+// Logs every event as one line: S start, E end, A attribute, C character, W space, M comment.
+struct recorder {
+  std::string log;
+  void start(const ustring8& s) { log += "S:" + s + "\n"; }
+  void end(const ustring8& s) { log += "E:" + s + "\n"; }
+  void attribute(const ustring8& n, const ustring8& v) { log += "A:" + n + "=" + v + "\n"; }
+  void character(const ustring8& s) { log += "C:" + s + "\n"; }
+  void space(const ustring8& s) { log += "W:" + s + "\n"; }
+  void comment(const ustring8& s) { log += "M:" + s + "\n"; }
+};
+
+using one = mota::functor::member_function_t<recorder, void(const ustring8&)>;
+using two = mota::functor::member_function_t<recorder, void(const ustring8&, const ustring8&)>;
+
+void listen(xml_parser& parser, recorder& r) {
+  parser.set_element_start_handler(one(&r, &recorder::start));
+  parser.set_element_end_handler(one(&r, &recorder::end));
+  parser.set_attribute_handler(two(&r, &recorder::attribute));
+  parser.set_character_handler(one(&r, &recorder::character));
+  parser.set_space_handler(one(&r, &recorder::space));
+  parser.set_comment_handler(one(&r, &recorder::comment));
+}
+
+struct outcome {
+  error::error_type type;
+  std::uint32_t line;
+  std::string text;
+  std::string log;
+};
+
+outcome run(const std::string& text) {
+  xml_parser parser;
+  recorder r;
+  listen(parser, r);
+  const error e = parser.parse(text);
+  return {e.type, e.line, e.text, r.log};
+}
+
+struct parse_case {
+  const char* input;
+  error::error_type type;
+  std::uint32_t line;
+  const char* text;
+  const char* log;
+};
+
+void check(const parse_case& c, const std::string& input) {
+  SCOPED_TRACE("input: " + input);
+  const outcome o = run(input);
+  EXPECT_EQ(c.type, o.type);
+  EXPECT_EQ(c.line, o.line);
+  EXPECT_EQ(std::string(c.text), o.text);
+  EXPECT_EQ(std::string(c.log), o.log);
+}
+
+}  // namespace
+
+TEST(XmlParser, HeaderRules) {
+  const parse_case cases[] = {
+      {"<?xml?><a/>", error::no_error, 0, "", "S:a\nE:a\n"},
+      {"\xEF\xBB\xBF<?xml?><a/>", error::no_error, 0, "", "S:a\nE:a\n"},
+      {"XYZ<?xml?><a/>", error::no_error, 0, "", "S:a\nE:a\n"},
+      {" <?xml?><a/>", error::invalid_header, 0, "", ""},
+      {"<?xm", error::invalid_header, 0, "", ""},
+      {"", error::invalid_header, 0, "", ""},
+      {"<?XML?><a/>", error::invalid_header, 0, "", ""},
+      {"<?xml", error::no_root_element, 0, "", ""},
+      {"<?xml version='1.0'?", error::no_root_element, 0, "", ""},
+      {"<?xml <a/>", error::invalid_header, 0, "", ""},
+      {"<?xml \n\n> ?>", error::invalid_header, 0, "", ""},
+      {"<?xml version='1.0'?>", error::no_root_element, 0, "", ""},
+      {"<?xml version='1.0'?> \n\t\n", error::no_root_element, 2, "", ""},
+      {"<?xml version='1.0'?><!-- c -->", error::no_error, 0, "", "M: c \n"},
+      {"<?xml?>just text", error::no_error, 0, "", "C:just text\n"},
+      {"<?xml encoding='x' ? ?><a/>", error::no_error, 0, "", "S:a\nE:a\n"},
+  };
+  for (const auto& c : cases)
+    check(c, c.input);
+}
+
+TEST(XmlParser, StructureErrors) {
+  const parse_case cases[] = {
+      {"<?xml?><a x='1' x='2'/>", error::attribute_redefined, 0, "x", "S:a\nA:x=1\n"},
+      {"<?xml?><a></b>", error::mismatched_end_element, 0, "b", "S:a\n"},
+      {"<?xml?><a/><b/>", error::data_after_root, 0, "", "S:a\nE:a\n"},
+      {"<?xml?><a/>\n<b/>", error::data_after_root, 1, "", "S:a\nE:a\nW:\n\n"},
+      {"<?xml?><a></a/>", error::mismatched_end_element, 0, "", "S:a\nE:a\n"},
+      {"<?xml?><a><b></b/></a>", error::no_error, 0, "", "S:a\nS:b\nE:b\nE:a\nE:a\n"},
+      {"<?xml?></x>", error::no_error, 0, "", "E:x\n"},
+      {"<?xml?><a></a x='1' >", error::no_error, 0, "", "S:a\nE:a\nA:x=1\n"},
+      {"<?xml?><a></a", error::unexpected_eof, 0, "", "S:a\n"},
+      {"<?xml?>\n<a>\n</a", error::unexpected_eof, 2, "", "S:a\nW:\n\n"},
+      {"<?xml?><a>\n\n", error::unexpected_eof, 0, "", "S:a\nW:\n\n\n"},
+      {"<?xml?><a>>", error::unexpected_character, 0, ">", "S:a\n"},
+      {"<?xml?><a <b/>", error::unexpected_character, 0, "<", "S:a\n"},
+      {"<?xml?><a/x>", error::unexpected_character, 0, "x", "S:a\n"},
+      {"<?xml?><a/", error::unexpected_character, 0, "", "S:a\n"},
+      {"<?xml?><", error::unexpected_character, 0, "", ""},
+      {"<?xml?><a></", error::unexpected_character, 0, "", "S:a\n"},
+      {"<?xml?><!DOCTYPE a>", error::unexpected_character, 0, "!", ""},
+      {"<?xml?><?pi?><a/>", error::unexpected_character, 0, "?", ""},
+      {"<?xml?><![CDATA[x]]>", error::no_error, 0, "", "C:x\n"},
+  };
+  for (const auto& c : cases)
+    check(c, c.input);
+}
+
+TEST(XmlParser, Names) {
+  const parse_case cases[] = {
+      {"<?xml?><x-y/>", error::unexpected_character, 0, "-", "S:x\n"},
+      {"<?xml?><ns:tag/>", error::unexpected_character, 0, ":", "S:ns\n"},
+      {"<?xml?><1a/>", error::unexpected_character, 0, "1", ""},
+      {"<?xml?><_a/>", error::unexpected_character, 0, "_", ""},
+      {"<?xml?><\xC3\xA9/>", error::unexpected_character, 0, "\xC3", ""},
+      {"<?xml?><a_1B9/>", error::no_error, 0, "", "S:a_1B9\nE:a_1B9\n"},
+      {"<?xml?><a -x='1'/>", error::unexpected_character, 0, "-", "S:a\n"},
+  };
+  for (const auto& c : cases)
+    check(c, c.input);
+}
+
+TEST(XmlParser, Attributes) {
+  const parse_case cases[] = {
+      {"<?xml?><a x=\"it's\" y='say \"hi\"'/>", error::no_error, 0, "",
+       "S:a\nA:x=it's\nA:y=say \"hi\"\nE:a\n"},
+      {"<?xml?><a x \n=\n '1'\n/>", error::no_error, 0, "", "S:a\nA:x=1\nE:a\n"},
+      {"<?xml?><a x='a\n\tb  c'/>", error::no_error, 0, "", "S:a\nA:x=a\n\tb  c\nE:a\n"},
+      {"<?xml?><a x='&lt;&amp;&#65;'/>", error::no_error, 0, "", "S:a\nA:x=<&A\nE:a\n"},
+      {"<?xml?><a x>", error::missing_equals, 0, "x", "S:a\n"},
+      {"<?xml?><a x\n\n'1'>", error::missing_equals, 2, "x", "S:a\n"},
+      {"<?xml?><a x", error::missing_equals, 0, "x", "S:a\n"},
+      {"<?xml?><a x=1>", error::missing_quote, 0, "", "S:a\n"},
+      {"<?xml?><a x=", error::missing_quote, 0, "", "S:a\n"},
+      {"<?xml?><a x='1\">", error::missing_quote, 0, "x", "S:a\nA:x=1\">\n"},
+      {"<?xml?><a x='<'/>", error::unexpected_character, 0, "<", "S:a\n"},
+      {"<?xml?><a x='&bad;'/>", error::unknown_entity, 0, "", "S:a\n"},
+      {"<?xml?><a\nx='1'\ny='2'\nx='3'/>", error::attribute_redefined, 3, "x",
+       "S:a\nA:x=1\nA:y=2\n"},
+  };
+  for (const auto& c : cases)
+    check(c, c.input);
+}
+
+TEST(XmlParser, EntitiesInText) {
+  const parse_case cases[] = {
+      {"<a>x&nbsp;y</a>", error::no_error, 0, "", "S:a\nC:x y\nE:a\n"},
+      {"<a>&#65;</a>", error::no_error, 0, "", "S:a\nC:A\nE:a\n"},
+      {"<a>&#x41;&#x6a;&#x4A;</a>", error::no_error, 0, "", "S:a\nC:AjJ\nE:a\n"},
+      {"<a>&amp;&apos;&gt;&lt;&quot;</a>", error::no_error, 0, "", "S:a\nC:&'><\"\nE:a\n"},
+      {"<a>&#300;</a>", error::no_error, 0, "", "S:a\nC:\xFF\nE:a\n"},
+      {"<a>&#065;</a>", error::no_error, 0, "", "S:a\nC:5\nE:a\n"},
+      {"<a>&zz;</a>", error::unknown_entity, 0, "", "S:a\n"},
+      {"<a>&ampx;</a>", error::unexpected_character, 0, "x", "S:a\n"},
+      {"<a>&ax;</a>", error::unexpected_character, 0, "x", "S:a\n"},
+      {"<a>&apo;</a>", error::unexpected_character, 0, ";", "S:a\n"},
+      {"<a>&gt</a>", error::unexpected_character, 0, "<", "S:a\n"},
+      {"<a>&nbsq;</a>", error::unexpected_character, 0, "q", "S:a\n"},
+      {"<a>&#X41;</a>", error::unexpected_character, 0, "X", "S:a\n"},
+      {"<a>&#4a;</a>", error::unexpected_character, 0, "a", "S:a\n"},
+      {"<a>&#65", error::unexpected_character, 0, "", "S:a\n"},
+      {"<a>&", error::unexpected_character, 0, "", "S:a\n"},
+      {"<a>\n&zz;</a>", error::unknown_entity, 1, "", "S:a\nW:\n\n"},
+  };
+  for (const auto& c : cases)
+    check(c, std::string("<?xml?>") + c.input);
+}
+
+TEST(XmlParser, CharacterDataAndWhiteSpace) {
+  const parse_case cases[] = {
+      {"<a>one two</a>", error::no_error, 0, "", "S:a\nC:one two\nE:a\n"},
+      {"<a>one  two</a>", error::no_error, 0, "", "S:a\nC:one\nW:  \nC:two\nE:a\n"},
+      {"<a>one\ntwo\tthree</a>", error::no_error, 0, "", "S:a\nC:one\ntwo\tthree\nE:a\n"},
+      {"<a> x </a>", error::no_error, 0, "", "S:a\nW: \nC:x \nE:a\n"},
+      {"<a>x\r\n</a>", error::no_error, 0, "", "S:a\nC:x\nW:\r\n\nE:a\n"},
+      {"<a><![CDATA[<b>&amp; ]] ]]]></a>", error::no_error, 0, "", "S:a\nC:<b>&amp; ]] ]\nE:a\n"},
+      {"<a><![CDATA[x]]</a>", error::unexpected_eof, 0, "", "S:a\n"},
+      {"<a><!-- a -- b --></a>", error::no_error, 0, "", "S:a\nM: a -- b \nE:a\n"},
+      {"<a><!---->x</a>", error::no_error, 0, "", "S:a\nM:\nC:x\nE:a\n"},
+      {"<a>\n<!-- x -></a>", error::unexpected_eof, 1, "", "S:a\nW:\n\n"},
+      {"<a>x > y</a>", error::no_error, 0, "", "S:a\nC:x > y\nE:a\n"},
+      {"<a>x  > y</a>", error::unexpected_character, 0, ">", "S:a\nC:x\nW:  \n"},
+      {"<a/>trailing", error::no_error, 0, "", "S:a\nE:a\nC:trailing\n"},
+      {"<a/> t", error::no_error, 0, "", "S:a\nE:a\nW: \nC:t\n"},
+  };
+  for (const auto& c : cases)
+    check(c, std::string("<?xml?>") + c.input);
+}
+
+TEST(XmlParser, LineCountsOnlyWhiteSpaceBetweenMarkup) {
+  // Newlines inside text, comments, CDATA and values do not count; those between tags do.
+  EXPECT_EQ(2u, run("<?xml?>\n<a>\n<b/></c>").line);
+  EXPECT_EQ(0u, run("<?xml?><a>x\ny\nz</c>").line);
+  EXPECT_EQ(0u, run("<?xml?><a><!--\n\n--><![CDATA[\n]]></c>").line);
+  EXPECT_EQ(1u, run("<?xml?><a x='\n\n'\n></c>").line);
+  EXPECT_EQ(3u, run("<?xml?>\r\n<a>\r\n\t<b>\r\n</c>").line);
+  EXPECT_EQ(0u, run("<?xml?>\n<a>\n</a>\n").line);
+}
+
+TEST(XmlParser, EmptySlotsDropEvents) {
+  xml_parser parser;
+  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?><a x='1'> t <!--c--></a>")).type);
+
+  recorder r;
+  listen(parser, r);
+  parser.set_attribute_handler(nullptr);
+  parser.set_space_handler(nullptr);
+  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?><a x='1'>  t<!--c--></a>")).type);
+  EXPECT_EQ("S:a\nC:t\nM:c\nE:a\n", r.log);
+}
+
+namespace {
+
+// A callable that counts live copies of itself, to see clones made and released.
+struct counted : mota::functor::function_type_interface<void(const ustring8&)> {
+  static int live;
+  std::string* sink;
+  explicit counted(std::string* s) : sink(s) { ++live; }
+  counted(const counted& other) : function_type_interface(other), sink(other.sink) { ++live; }
+  ~counted() override { --live; }
+  void invoke(const ustring8& s) override { *sink += s; }
+  bool do_equal(const function_type_interface&) const override { return false; }
+  function_type_interface* do_clone() const override { return new counted(*this); }
+};
+int counted::live = 0;
+
+}  // namespace
+
+TEST(XmlParser, InstallingClonesAndReleases) {
+  std::string first, second;
+  {
+    xml_parser parser;
+    {
+      counted handler(&first);
+      parser.set_element_start_handler(handler);
+      EXPECT_EQ(2, counted::live);
+    }
+    EXPECT_EQ(1, counted::live);  // the parser's clone outlives the original
+    parser.parse(ustring8("<?xml?><a/>"));
+    EXPECT_EQ("a", first);
+
+    parser.set_element_start_handler(counted(&second));
+    EXPECT_EQ(1, counted::live);  // the previous clone was released
+    parser.parse(ustring8("<?xml?><b/>"));
+    EXPECT_EQ("a", first);
+    EXPECT_EQ("b", second);
+
+    xml_parser copy(parser);
+    EXPECT_EQ(2, counted::live);
+    copy.parse(ustring8("<?xml?><c/>"));
+    EXPECT_EQ("bc", second);
+  }
+  EXPECT_EQ(0, counted::live);
+}
+
+TEST(XmlParser, HandlerExceptionsPropagate) {
+  struct thrower {
+    void start(const ustring8&) { throw std::runtime_error("stop"); }
+  } t;
+  xml_parser parser;
+  parser.set_element_start_handler(
+      mota::functor::member_function_t<thrower, void(const ustring8&)>(&t, &thrower::start));
+  EXPECT_THROW(parser.parse(ustring8("<?xml?><a/>")), std::runtime_error);
+}
+
+TEST(XmlParser, StateCarriesOverBetweenParses) {
+  xml_parser parser;
+  recorder r;
+  listen(parser, r);
+  EXPECT_EQ(error::unexpected_eof, parser.parse(ustring8("<?xml?><a><b>")).type);
+  // The open elements stay; the root mark and the line counter do not.
+  error e = parser.parse(ustring8("<?xml?>\n</b>"));
+  EXPECT_EQ(error::unexpected_eof, e.type);
+  e = parser.parse(ustring8("<?xml?>\n\n</c>"));
+  EXPECT_EQ(error::mismatched_end_element, e.type);
+  EXPECT_EQ(2u, e.line);
+  EXPECT_EQ("c", e.text);
+  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?></a>")).type);
+  EXPECT_EQ("S:a\nS:b\nE:b\nE:a\n", r.log);
+}
+
+TEST(XmlParser, IteratorRangeAndPosition) {
+  const std::string text = "junk<?xml?><a/>junk";
+  xml_parser parser;
+  recorder r;
+  listen(parser, r);
+  EXPECT_EQ(error::no_error, parser.parse(text.begin() + 4, text.end() - 4).type);
+  EXPECT_EQ("S:a\nE:a\n", r.log);
+}
+
+namespace {
+
+// Reaches the scanning routines to check where each leaves the position.
+struct scanner : xml_parser {
+  using xml_parser::is_white_space;
+  using xml_parser::parse_attrib_value;
+  using xml_parser::parse_character;
+  using xml_parser::parse_name;
+  using xml_parser::parse_whitespace;
+};
+
+}  // namespace
+
+TEST(XmlParser, ScanningRoutinesStopOnTheirLastByte) {
+  scanner s;
+  const std::string text = "ab_9-x 'v&amp;w'z &#x41;. \n\t\r\nq";
+  {
+    xml_parser::iterator pos = text.begin();
+    EXPECT_EQ("ab_9", s.parse_name(pos, text.end()));
+    EXPECT_EQ(3, pos - text.begin());
+    pos = text.begin() + 7;
+    EXPECT_EQ("v&w", s.parse_attrib_value(pos, text.end()));
+    EXPECT_EQ('\'', *pos);
+    EXPECT_EQ(15, pos - text.begin());
+    pos = text.begin() + 18;
+    EXPECT_EQ("A", s.parse_character(pos, text.end()));
+    EXPECT_EQ(';', *pos);
+    pos = text.begin() + 25;
+    EXPECT_EQ(" \n\t\r\n", s.parse_whitespace(pos, text.end()));
+    EXPECT_EQ('q', *pos);
+  }
+  const std::string bytes = "\t\n\r \v\fa";
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    EXPECT_EQ(i < 4, s.is_white_space(bytes.begin() + static_cast<std::ptrdiff_t>(i))) << i;
+
+  const std::string empty;
+  xml_parser::iterator pos = empty.begin();
+  try {
+    s.parse_name(pos, empty.end());
+    ADD_FAILURE() << "no error at the end of the input";
+  } catch (const error& e) {
+    EXPECT_EQ(error::unexpected_character, e.type);
+    EXPECT_EQ("", e.text);
+  }
+  EXPECT_EQ(empty.end(), pos);
+}
+
+TEST(XmlParser, ParseErrorRecord) {
+  const error copy(error(error::missing_quote, 7, "x"));
+  EXPECT_EQ(6, static_cast<int>(copy.type));
+  EXPECT_EQ(7u, copy.line);
+  EXPECT_EQ("x", copy.text);
+  EXPECT_EQ(error::no_error, error().type);
+  EXPECT_EQ(4u, sizeof(error::error_type));
+}
+
+TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
+  const auto t0 = std::chrono::steady_clock::now();
+  const std::size_t depth = (1u << 20) / 3;  // 1 MiB of nested start tags
+  std::string open, close;
+  for (std::size_t i = 0; i < depth; ++i)
+    open += "<a>";
+  for (std::size_t i = 0; i < depth; ++i)
+    close += "</a>";
+  outcome o = run("<?xml?>" + open);
+  EXPECT_EQ(error::unexpected_eof, o.type);
+  EXPECT_EQ(depth * 4, o.log.size());
+  EXPECT_EQ(error::no_error, run("<?xml?>" + open + close).type);
+
+  const std::string value(16u << 20, 'v');
+  o = run("<?xml?><a v='" + value + "'/>");
+  EXPECT_EQ(error::no_error, o.type);
+  EXPECT_TRUE(o.log == "S:a\nA:v=" + value + "\nE:a\n");
+
+  std::string many = "<?xml?><a";
+  for (int i = 0; i < 100000; ++i)
+    many += " n" + std::to_string(i) + "='1'";
+  o = run(many + " n0='2'/>");
+  EXPECT_EQ(error::attribute_redefined, o.type);
+  EXPECT_EQ("n0", o.text);
+  EXPECT_EQ(100001, std::count(o.log.begin(), o.log.end(), '\n'));
+  EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count(), 30.0);
+}
