@@ -30,7 +30,8 @@ int dispatch(const std::vector<std::string>& words) {
     return exit_ok;
   }
   if (command == "convert") return run_convert(rest, std::cin, std::cout, std::cerr);
-  if (command == "catalog" || command == "config" || command == "xml") {
+  if (command == "xml") return run_xml(rest, std::cout, std::cerr);
+  if (command == "catalog" || command == "config") {
     return failure(std::cerr, command + " is not available in this build yet");
   }
   return usage_error(std::cerr, "unknown command \"" + printable(command) + "\"", main_usage);
@@ -39,7 +40,6 @@ int dispatch(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
   int code = mota_tool::exit_failure;
   try {
     code = dispatch(std::vector<std::string>(argv + 1, argv + argc));

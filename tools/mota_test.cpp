@@ -88,6 +88,10 @@ run_result run(const std::vector<std::string>& args, const std::string& input = 
   return result;
 }
 
+std::string example(const std::string& relative) {
+  return mota_test::source_dir() + "/examples/" + relative;
+}
+
 // ---------------------------------------------------------------------------------------
 // Dispatch and usage
 
@@ -223,6 +227,91 @@ TEST(ToolConvert, ListShowsEveryCodeWithItsName) {
     EXPECT_NE(std::string::npos, r.out.find(line)) << line;
   }
   EXPECT_EQ(28u, static_cast<unsigned>(std::count(r.out.begin(), r.out.end(), '\n')));
+}
+
+// ---------------------------------------------------------------------------------------
+// xml check
+
+TEST(ToolXml, ReportsOkOrTheFirstErrorWithKindLineAndDetail) {
+  struct xml_case {
+    std::string document;
+    std::string output;
+  };
+  const xml_case cases[] = {
+      {"<?xml?><a/>", "ok\n"},
+      {"\xEF\xBB\xBF<?xml version='1.0'?>\n<a>x&amp;y<!-- c --></a>\n", "ok\n"},
+      {"<?xm", "invalid_header at line 0\n"},
+      {"<?xml version='1.0'?>  \n\n ", "no_root_element at line 2\n"},
+      {"<?xml?><a x='1' x='2'/>", "attribute_redefined at line 0: \"x\"\n"},
+      {"<?xml?>\n<a>\n</b>", "mismatched_end_element at line 2: \"b\"\n"},
+      {"<?xml?><a/><b/>", "data_after_root at line 0\n"},
+      {"<?xml?><a>&zz;</a>", "unknown_entity at line 0\n"},
+      {"<?xml?><a>", "unexpected_eof at line 0\n"},
+      {"<?xml?><a b=1/>", "missing_quote at line 0\n"},
+      {"<?xml?><a b/>", "missing_equals at line 0: \"b\"\n"},
+      {"<?xml?>\n\n<x-y/>", "unexpected_character at line 2: \"-\"\n"},
+      // A detail byte that is not UTF-8 is shown escaped.
+      {"<?xml?><\xC3\xA9/>", "unexpected_character at line 0: \"\\xC3\"\n"},
+  };
+  mota_test::temp_dir dir;
+  const std::string path = dir / "doc.xml";
+  for (const xml_case& c : cases) {
+    write_file(path, c.document);
+    const run_result r = run({"xml", "check", path});
+    EXPECT_EQ(c.output, r.out) << c.document;
+    EXPECT_EQ(c.output == "ok\n" ? 0 : 1, r.code) << c.document;
+    EXPECT_EQ("", r.err);
+  }
+}
+
+TEST(ToolXml, TheExampleCatalogsAreWellFormedAndOneBrokenOneIsNot) {
+  for (const char* file : {"catalogs/shop.xmc", "catalogs/de/shop.xmc", "catalogs/fr/shop.xmc",
+                           "catalogs/kinds.xmc", "broken/unknown_attribute.xmc"}) {
+    const run_result r = run({"xml", "check", example(file)});
+    EXPECT_EQ(0, r.code) << file;
+    EXPECT_EQ("ok\n", r.out) << file;
+  }
+  const run_result r = run({"xml", "check", example("broken/mismatched_end_tag.xmc")});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mismatched_end_element at line 4: \"mgs\"\n", r.out);
+}
+
+TEST(ToolXml, UnreadableFilesAndBadCommandLines) {
+  run_result r = run({"xml", "check", "/no/such/file.xml"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: cannot read \"/no/such/file.xml\": no such file\n", r.err);
+  r = run({"xml", "check", example("catalogs")});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: cannot read \"" + example("catalogs") + "\"\n", r.err);
+
+  const std::vector<std::vector<std::string>> bad = {{"xml"},
+                                                     {"xml", "check"},
+                                                     {"xml", "check", "a", "b"},
+                                                     {"xml", "lint", "a"},
+                                                     {"xml", "check", "--strict", "a"}};
+  for (const auto& args : bad) {
+    r = run(args);
+    EXPECT_EQ(64, r.code) << args.back();
+    EXPECT_NE(std::string::npos, r.err.find("usage: mota xml check FILE")) << r.err;
+  }
+}
+
+TEST(ToolXml, ArbitraryBytesNeverCrashTheReader) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "noise.xml";
+  std::string prefix = "<?xml?><a b='";
+  for (int seed = 1; seed <= 20; ++seed) {
+    std::string text = seed % 2 ? prefix : "";
+    unsigned state = static_cast<unsigned>(seed) * 2654435761u;
+    for (int i = 0; i < 300; ++i) {
+      state = state * 1103515245u + 12345u;
+      const char pick[] = "<>/&;#x?!-=\"' \n\t\0ab[]CDATA";
+      text += pick[(state >> 16) % (sizeof pick - 1)];
+    }
+    write_file(path, text);
+    const run_result r = run({"xml", "check", path});
+    EXPECT_TRUE(r.code == 0 || r.code == 1) << "seed " << seed << " exit " << r.code;
+  }
 }
 
 }  // namespace
