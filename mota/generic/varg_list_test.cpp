@@ -1,0 +1,140 @@
+#include <mota/generic/varg_list.hpp>
+
+#include <mota_test.hpp>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+using mota::generic::argument;
+using mota::generic::varg_list;
+using mota::types::nil;
+using mota::types::variant;
+
+namespace {
+
+std::vector<std::string> names_of(const varg_list& list) {
+  std::vector<std::string> names;
+  for (const argument& arg : list)
+    names.push_back(arg.name());
+  return names;
+}
+
+}  // namespace
+
+TEST(VargList, ConstructorStopsAtTheFirstNilArgument) {
+  const argument a("a", 1);
+  const argument b("b", 2);
+  EXPECT_EQ(std::vector<std::string>{"a"}, names_of(varg_list(a, nil, b)));
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(varg_list(a, b)));
+  // A named argument with a nil value does not stop the list; an unnamed value does not either.
+  const argument named_nil("n", variant());
+  EXPECT_EQ((std::vector<std::string>{"a", "n", "", "b"}),
+            names_of(varg_list(a, named_nil, argument(variant(5)), b)));
+  EXPECT_TRUE(varg_list() == nil);
+  EXPECT_EQ(0u, varg_list(argument()).count());
+}
+
+TEST(VargList, ConstructorTakesTwentySixArguments) {
+  std::vector<argument> args;
+  for (int i = 0; i < 26; ++i)
+    args.emplace_back(std::string(1, static_cast<char>('a' + i)), i);
+  const varg_list list(args[0], args[1], args[2], args[3], args[4], args[5], args[6], args[7],
+                       args[8], args[9], args[10], args[11], args[12], args[13], args[14], args[15],
+                       args[16], args[17], args[18], args[19], args[20], args[21], args[22],
+                       args[23], args[24], args[25]);
+  ASSERT_EQ(26u, list.count());
+  EXPECT_EQ(25, list["z"].value().as_int());
+  EXPECT_EQ("z", list[25u].name());
+  // Duplicates among the parameters are refused one by one without stopping the list.
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(varg_list(args[0], args[0], args[1])));
+}
+
+TEST(VargList, NamedPushesAreUniqueUnnamedAlwaysAppend) {
+  varg_list list;
+  EXPECT_TRUE(list.push_back("x", 1));
+  EXPECT_FALSE(list.push_back("x", 2));
+  EXPECT_FALSE(list.push_back(argument("x", 3)));
+  EXPECT_TRUE(list.push_back(argument(variant(4))));
+  EXPECT_TRUE(list.push_back(argument(variant(5))));
+  // Names compare exactly: no case folding, no trimming, length matters.
+  EXPECT_TRUE(list.push_back("X", 6));
+  EXPECT_TRUE(list.push_back("x ", 7));
+  EXPECT_TRUE(list.push_back(std::string("x\0y", 3), 8));
+  EXPECT_EQ(6u, list.count());
+  EXPECT_EQ(1, list["x"].value().as_int());
+  EXPECT_EQ(4, list[1u].value().as_int());
+  EXPECT_EQ(5, list[2u].value().as_int());
+  EXPECT_EQ(8, list[std::string("x\0y", 3)].value().as_int());
+  EXPECT_TRUE(list != nil);
+}
+
+TEST(VargList, PositionalAccessIsRangeChecked) {
+  varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
+  EXPECT_EQ("c", list.at(2u).name());
+  list[0u] = argument("z", 26);
+  EXPECT_EQ("z", list.at(0u).name());
+  const varg_list& constant = list;
+  EXPECT_EQ(26, constant[0u].value().as_int());
+  EXPECT_THROW_WHAT(list.at(5u), std::out_of_range,
+                    "vector::_M_range_check: __n (which is 5) >= this->size() (which is 3)");
+  EXPECT_THROW_WHAT(list[3u], std::out_of_range,
+                    "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)");
+  EXPECT_THROW(constant.at(3u), std::out_of_range);
+  EXPECT_THROW(constant[4u], std::out_of_range);
+}
+
+TEST(VargList, NameLookupsFallBackToTheNilArgument) {
+  varg_list list(argument("a", 1), argument(variant(2)));
+  const argument& missing = list.at("nope");
+  EXPECT_EQ(&varg_list::nil_argument, &missing);
+  EXPECT_TRUE(missing.value() == nil);
+  EXPECT_TRUE(missing.name().empty());
+  EXPECT_TRUE(list.has_argument("a"));
+  EXPECT_FALSE(list.has_argument("b"));
+  EXPECT_EQ(list.end(), list.find("b"));
+  EXPECT_EQ(list.begin(), list.find("a"));
+  // The unnamed second argument is reachable by position only.
+  EXPECT_FALSE(list.has_argument(""));
+  EXPECT_EQ(&varg_list::nil_argument, &list[""]);
+}
+
+TEST(VargList, EraseForms) {
+  varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
+  list.erase(5u);
+  EXPECT_EQ((std::vector<std::string>{"a", "b", "c"}), names_of(list));
+  EXPECT_THROW(list.at(5u), std::out_of_range);
+  list.erase("missing");
+  EXPECT_EQ(3u, list.count());
+  list.erase("b");
+  EXPECT_EQ((std::vector<std::string>{"a", "c"}), names_of(list));
+  list.erase(0u);
+  EXPECT_EQ(std::vector<std::string>{"c"}, names_of(list));
+  list.push_back("d", 4);
+  list.push_back("e", 5);
+  list.erase(list.begin());
+  EXPECT_EQ((std::vector<std::string>{"d", "e"}), names_of(list));
+  list.erase(list.begin(), list.begin() + 1);
+  EXPECT_EQ(std::vector<std::string>{"e"}, names_of(list));
+  list.erase();
+  EXPECT_TRUE(list.empty());
+  list.push_back("f", 6);
+  list.clear();
+  EXPECT_TRUE(list == nil);
+  // A removed name may be pushed again.
+  EXPECT_TRUE(list.push_back("f", 7));
+}
+
+TEST(VargList, CopiesShareValuesButNotTheList) {
+  varg_list list(argument("a", 1));
+  varg_list copy(list);
+  copy.push_back("b", 2);
+  EXPECT_EQ(1u, list.count());
+  varg_list assigned;
+  assigned = copy;
+  assigned.assign(assigned);
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(assigned));
+  EXPECT_EQ(&list[0u].value().held(), &assigned[0u].value().held());
+}

@@ -1,0 +1,407 @@
+#include <mota/types/variant.hpp>
+#include <mota/types/variant_value.hpp>
+
+#include <mota_test.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <new>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+using mota::strings::ustring16;
+using mota::strings::ustring32;
+using mota::strings::ustring8;
+using mota::types::nil;
+using mota::types::nil_t;
+using mota::types::variant;
+using mota::types::variant_type;
+using mota::types::variant_value_t;
+
+namespace {
+
+ustring16 u16(const char* ascii) {
+  ustring16 out;
+  for (; *ascii != 0; ++ascii)
+    out.push_back(static_cast<unsigned char>(*ascii));
+  return out;
+}
+
+template <class S>
+S widened(const std::string& ascii) {
+  S out;
+  for (char c : ascii)
+    out.push_back(static_cast<typename S::value_type>(c));
+  return out;
+}
+
+std::string streamed(const variant& v) {
+  std::ostringstream os;
+  os << v;
+  return os.str();
+}
+
+}  // namespace
+
+TEST(Variant, DefaultIsNil) {
+  const variant v;
+  EXPECT_EQ(typeid(nil_t), v.type());
+  EXPECT_TRUE(v == nil);
+  EXPECT_TRUE(v.equal(nil));
+  EXPECT_FALSE(v != nil);
+  EXPECT_EQ(0, v.as_int());
+  EXPECT_EQ(0u, v.as_uint64());
+  EXPECT_FALSE(v.as_bool());
+  EXPECT_EQ(0.0, v.as_double());
+  EXPECT_EQ("", v.as_string());
+  EXPECT_EQ("", v.as_ustring());
+  EXPECT_EQ("", v.as_utf8());
+  EXPECT_EQ(L"", v.as_wstring());
+  EXPECT_TRUE(v.as_utf16().empty());
+  EXPECT_TRUE(v.as_utf32().empty());
+  EXPECT_EQ("0", streamed(v));
+  // The nil value object itself converts to "0"; only the variant intercepts it.
+  EXPECT_EQ("0", v.held().as_string());
+  EXPECT_EQ(L"0", v.held().as_wstring());
+  EXPECT_EQ(u16("0"), v.held().as_utf16());
+  EXPECT_TRUE(v.held().convertible());
+  EXPECT_TRUE(variant(0) != nil);
+  EXPECT_TRUE(variant(nil) == nil);
+}
+
+TEST(Variant, ConstructorsChooseTheHeldType) {
+  const unsigned short units[] = {'1', '2', 0};
+  struct row {
+    variant value;
+    const std::type_info& type;
+  };
+  const row rows[] = {
+      {variant(true), typeid(bool)},
+      {variant(static_cast<signed char>(1)), typeid(signed char)},
+      {variant(static_cast<short>(1)), typeid(short)},
+      {variant(1), typeid(int)},
+      {variant(1LL), typeid(long long)},
+      {variant(static_cast<unsigned char>(1)), typeid(unsigned char)},
+      {variant(static_cast<unsigned short>(1)), typeid(unsigned short)},
+      {variant(1u), typeid(unsigned int)},
+      {variant(1ULL), typeid(unsigned long long)},
+      {variant(1.0f), typeid(float)},
+      {variant(1.0), typeid(double)},
+      {variant(1.0L), typeid(long double)},
+      {variant("x"), typeid(ustring8)},
+      {variant(ustring8("x")), typeid(ustring8)},
+      {variant(units), typeid(ustring16)},
+      {variant(u16("x")), typeid(ustring16)},
+      {variant(L"x"), typeid(ustring32)},
+      {variant(ustring32(L"x")), typeid(ustring32)},
+      {variant(std::string("x")), typeid(std::string)},
+      {variant(std::wstring(L"x")), typeid(std::wstring)},
+      {variant(), typeid(nil_t)},
+  };
+  for (const row& r : rows) {
+    EXPECT_EQ(r.type, r.value.type()) << r.type.name();
+    EXPECT_EQ(r.type, r.value.held().type()) << r.type.name();
+  }
+  EXPECT_EQ(12, variant(units).as_int());
+}
+
+TEST(Variant, NullTextPointersThrowWithoutLeaking) {
+  const char* narrow = nullptr;
+  const unsigned short* utf16 = nullptr;
+  const wchar_t* wide = nullptr;
+  EXPECT_THROW_WHAT(variant{narrow}, std::logic_error, "basic_string::_M_construct null not valid");
+  EXPECT_THROW_WHAT(variant{utf16}, std::logic_error, "basic_string::_M_construct null not valid");
+  EXPECT_THROW_WHAT(variant{wide}, std::logic_error, "basic_string::_M_construct null not valid");
+}
+
+TEST(Variant, NumericConversionsOfEveryHeldKind) {
+  constexpr unsigned long long u64max = std::numeric_limits<unsigned long long>::max();
+  struct row {
+    const char* label;
+    variant value;
+    int i;
+    short s;
+    std::int8_t i8;
+    std::int64_t i64;
+    std::uint8_t u8;
+    std::uint16_t u16;
+    std::uint32_t u32;
+    std::uint64_t u64;
+    bool b;
+    double d;
+  };
+  const row rows[] = {
+      {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
+      {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
+      {"false", variant(false), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
+      {"int 300", variant(300), 300, 300, 44, 300, 44, 300, 300, 300, true, 300.0},
+      {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
+      {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
+       4000000000u, true, 4e9},
+      {"long long 2^32+1", variant(4294967297LL), 1, 1, 1, 4294967297LL, 1, 1, 1, 4294967297u, true,
+       4294967297.0},
+      {"ull max", variant(u64max), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true,
+       18446744073709551616.0},
+      {"schar 65", variant(static_cast<signed char>(65)), 65, 65, 65, 65, 65, 65, 65, 65, true,
+       65.0},
+      {"uchar 200", variant(static_cast<unsigned char>(200)), 200, 200, -56, 200, 200, 200, 200,
+       200, true, 200.0},
+      {"double 2.9", variant(2.9), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.9},
+      {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
+       -2.9},
+      {"double 0.5", variant(0.5), 0, 0, 0, 0, 0, 0, 0, 0, true, 0.5},
+      {"float 1234567", variant(1234567.0f), 1234567, -10617, -121, 1234567, 135, 54919, 1234567,
+       1234567, true, 1234567.0},
+      {"long double 1e10", variant(1e10L), 1410065408, -7168, 0, 10000000000LL, 0, 58368,
+       1410065408u, 10000000000u, true, 1e10},
+      // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
+      {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
+      {"text -1", variant("-1"), -1, -1, -1, -1, 0, 0, 0, 0, true, -1.0},
+      {"text 0x1F", variant("0x1F"), 31, 31, 31, 31, 31, 31, 31, 31, true, 0.0},
+      {"text 017", variant(std::string("017")), 15, 15, 15, 15, 15, 15, 15, 15, true, 17.0},
+      {"text 2.5", variant("2.5"), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.5},
+      {"text abc", variant("abc"), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
+      {"text empty", variant(""), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
+      {"utf16 12", variant(u16("12")), 12, 12, 12, 12, 12, 12, 12, 12, true, 12.0},
+      {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
+      {"utf32 12", variant(L"12"), 12, 12, 12, 12, 12, 12, 12, 12, true, 12.0},
+      {"wstring 70000", variant(std::wstring(L"70000")), 70000, 32767, 127, 70000, 255, 65535,
+       70000, 70000, true, 70000.0},
+  };
+  for (const row& r : rows) {
+    SCOPED_TRACE(r.label);
+    const variant& v = r.value;
+    EXPECT_EQ(r.i, v.as_int());
+    EXPECT_EQ(r.i, v.as_int32());
+    EXPECT_EQ(r.i, v.as_long());
+    EXPECT_EQ(r.s, v.as_short());
+    EXPECT_EQ(r.s, v.as_int16());
+    EXPECT_EQ(r.i8, v.as_int8());
+    EXPECT_EQ(r.i64, v.as_int64());
+    EXPECT_EQ(r.u8, v.as_uint8());
+    EXPECT_EQ(r.u16, v.as_uint16());
+    EXPECT_EQ(r.u32, v.as_uint32());
+    EXPECT_EQ(r.u64, v.as_uint64());
+    EXPECT_EQ(r.b, v.as_bool());
+    EXPECT_DOUBLE_EQ(r.d, v.as_double());
+    EXPECT_FLOAT_EQ(static_cast<float>(r.d), v.as_float());
+    EXPECT_DOUBLE_EQ(r.d, static_cast<double>(v.as_long_double()));
+  }
+}
+
+TEST(Variant, UnsignedAliasesReadThroughSignedSlots) {
+  const variant big(4000000000u);
+  EXPECT_EQ(4000000000u, big.as_uint());
+  EXPECT_EQ(4000000000u, big.as_unsigned());
+  EXPECT_EQ(-294967296, big.as_signed());
+  // Held text shows the routing: the signed parsers saturate where the unsigned ones would not.
+  const variant text("4000000000");
+  EXPECT_EQ(4000000000u, text.as_uint32());
+  EXPECT_EQ(2147483647u, text.as_uint());
+  EXPECT_EQ(2147483647u, text.as_unsigned());
+  EXPECT_EQ(2147483647u, text.as_ulong());
+  EXPECT_EQ(32767, variant("70000").as_ushort());
+  EXPECT_EQ(65535, variant("70000").as_uint16());
+  const variant minus("-1");
+  EXPECT_EQ(4294967295u, minus.as_uint());
+  EXPECT_EQ(4294967295u, minus.as_ulong());
+  EXPECT_EQ(65535, minus.as_ushort());
+  EXPECT_EQ(0u, minus.as_uint32());
+}
+
+TEST(Variant, TextOfEveryHeldKind) {
+  struct row {
+    variant value;
+    std::string text;
+  };
+  const row rows[] = {
+      {variant(true), "1"},
+      {variant(false), "0"},
+      {variant(static_cast<signed char>(65)), "65"},
+      {variant(static_cast<signed char>(-128)), "-128"},
+      {variant(static_cast<unsigned char>(200)), "200"},
+      {variant(static_cast<short>(-5)), "-5"},
+      {variant(static_cast<unsigned short>(65535)), "65535"},
+      {variant(std::numeric_limits<int>::min()), "-2147483648"},
+      {variant(4000000000u), "4000000000"},
+      {variant(std::numeric_limits<long long>::min()), "-9223372036854775808"},
+      {variant(std::numeric_limits<unsigned long long>::max()), "18446744073709551615"},
+      {variant(1234567.0f), "1.23457e+06"},
+      {variant(0.1), "0.1"},
+      {variant(-2.5L), "-2.5"},
+      {variant(100.0), "100"},
+      {variant("abc"), "abc"},
+      {variant(std::string("abc")), "abc"},
+      {variant(u16("abc")), "abc"},
+      {variant(L"abc"), "abc"},
+      {variant(std::wstring(L"abc")), "abc"},
+  };
+  for (const row& r : rows) {
+    SCOPED_TRACE(r.text + " held as " + r.value.type().name());
+    EXPECT_EQ(r.text, r.value.as_string());
+    EXPECT_EQ(r.text, r.value.as_ustring());
+    EXPECT_EQ(r.text, r.value.as_utf8());
+    EXPECT_EQ(widened<std::wstring>(r.text), r.value.as_wstring());
+    EXPECT_EQ(widened<ustring16>(r.text), r.value.as_utf16());
+    EXPECT_EQ(widened<ustring32>(r.text), r.value.as_utf32());
+  }
+}
+
+TEST(Variant, UnicodeTextConvertsBetweenEncodings) {
+  const std::string utf8 = "\xF0\x9F\x98\x80\xC3\xA9";  // U+1F600 U+00E9
+  const ustring16 utf16{0xD83D, 0xDE00, 0xE9};
+  const std::wstring utf32{L'\U0001F600', L'\u00E9'};
+  // UTF-32 text goes to UTF-16 directly, through that conversion's own high-surrogate rule
+  // (0xD800 + (code point >> 10)); every other route yields the standard pair.
+  const ustring16 direct{0xD87D, 0xDE00, 0xE9};
+  struct row {
+    variant value;
+    const ustring16& as_utf16;
+  };
+  const row rows[] = {{variant(ustring8(utf8)), utf16},
+                      {variant(utf8), utf16},
+                      {variant(utf16), utf16},
+                      {variant(ustring32(utf32)), direct},
+                      {variant(utf32), direct}};
+  for (const row& r : rows) {
+    const variant& v = r.value;
+    SCOPED_TRACE(v.type().name());
+    EXPECT_EQ(utf8, v.as_string());
+    EXPECT_EQ(utf8, v.as_ustring());
+    EXPECT_EQ(utf8, v.as_utf8());
+    EXPECT_EQ(r.as_utf16, v.as_utf16());
+    EXPECT_EQ(utf32, v.as_utf32());
+    EXPECT_EQ(utf32, v.as_wstring());
+  }
+  // A lone surrogate cannot be converted and reads as the conversion's failure text.
+  const variant broken(ustring16{0xD83D});
+  EXPECT_EQ("-1", broken.as_string());
+  EXPECT_EQ(ustring16{0xD83D}, broken.as_utf16());
+}
+
+TEST(Variant, NarrowTextToBoolean) {
+  struct row {
+    const char* text;
+    bool expected;
+  };
+  const row rows[] = {{"Yes", true},   {"ON", true},    {"True", true},   {"yes", true},
+                      {"2", true},     {"-1", true},    {"0x10", true},   {"0", false},
+                      {"no", false},   {"off", false},  {"false", false}, {"", false},
+                      {" yes", false}, {"yes ", false}, {"y", false},     {"  7", true}};
+  for (const row& r : rows) {
+    EXPECT_EQ(r.expected, variant(r.text).as_bool()) << r.text;
+    EXPECT_EQ(r.expected, variant(std::string(r.text)).as_bool()) << r.text;
+    EXPECT_EQ(r.expected, variant(u16(r.text)).as_bool()) << r.text;
+    EXPECT_EQ(r.expected, variant(widened<std::wstring>(r.text)).as_bool()) << r.text;
+    EXPECT_EQ(r.expected, variant(widened<ustring32>(r.text)).as_bool()) << r.text;
+  }
+}
+
+TEST(Variant, StreamsEachKindByItsOwnRule) {
+  struct row {
+    variant value;
+    std::string out;
+  };
+  const row rows[] = {
+      {variant(), "0"},
+      {variant(true), "1"},
+      {variant(static_cast<signed char>(65)), "65"},
+      {variant(static_cast<unsigned char>(200)), "200"},
+      {variant(-7), "-7"},
+      {variant(0.1), "0.1"},
+      {variant(1234567.0f), "1.23457e+06"},
+      {variant(ustring8(std::string("a\0b", 3))), std::string("a\0b", 3)},
+      {variant(std::string("a\0b", 3)), std::string("a\0b", 3)},
+      // UTF-16 and UTF-32 text are written as C strings and stop at the first NUL.
+      {variant(ustring16{'a', 0, 'b'}), "a"},
+      {variant(ustring32(std::wstring(L"a\0b", 3))), "a"},
+  };
+  for (const row& r : rows)
+    EXPECT_EQ(r.out, streamed(r.value)) << r.value.type().name();
+
+  std::ostringstream alpha;
+  alpha << std::boolalpha << variant(true);
+  EXPECT_EQ("1", alpha.str());
+}
+
+TEST(Variant, WideStandardStringStreamsADescription) {
+  const variant v(std::wstring(L"text"));
+  const auto& held = dynamic_cast<const variant_value_t<std::wstring>&>(v.held());
+  std::ostringstream expected;
+  expected << "< " << typeid(std::wstring).name() << " instance at "
+           << static_cast<const void*>(&held.value()) << " >";
+  EXPECT_EQ(expected.str(), streamed(v));
+}
+
+TEST(Variant, CopiesShareOneValueObject) {
+  variant a(42);
+  const variant_type* shared = &a.held();
+  EXPECT_EQ(1, shared->reference_count());
+  {
+    variant b(a);
+    variant c;
+    c = a;
+    EXPECT_EQ(shared, &b.held());
+    EXPECT_EQ(shared, &c.held());
+    EXPECT_EQ(3, shared->reference_count());
+    c.assign(c);
+    c = c;
+    EXPECT_EQ(3, shared->reference_count());
+  }
+  EXPECT_EQ(1, shared->reference_count());
+  EXPECT_TRUE(shared->delete_on_zero());
+}
+
+TEST(Variant, AssigningReplacesTheValueObjectAndLeavesCopiesAlone) {
+  variant a("text");
+  variant b;
+  b = a;
+  a = nil;
+  EXPECT_TRUE(a == nil);
+  EXPECT_EQ("text", b.as_string());
+  EXPECT_EQ(1, b.held().reference_count());
+  a = b;
+  a = variant(7);
+  EXPECT_EQ("text", b.as_string());
+  EXPECT_EQ(7, a.as_int());
+  // Assigning nil always builds a fresh nil object.
+  variant n1;
+  variant n2(n1);
+  n2 = nil;
+  EXPECT_NE(&n1.held(), &n2.held());
+  EXPECT_EQ(1, n1.held().reference_count());
+}
+
+TEST(Variant, CopyFromItselfHoldsNothingAndReadsAsNil) {
+  alignas(variant) unsigned char storage[sizeof(variant)];
+  auto* self = reinterpret_cast<variant*>(storage);
+  new (storage) variant(*self);
+  EXPECT_TRUE(*self == nil);
+  EXPECT_EQ(0, self->as_int());
+  EXPECT_EQ("", self->as_string());
+  EXPECT_EQ("0", streamed(*self));
+  *self = variant(3);
+  EXPECT_EQ(3, self->as_int());
+  self->~variant();
+}
+
+TEST(Variant, CloneIsAnIndependentOwnedCopy) {
+  const variant v(std::string("abc"));
+  variant_type* copy = v.held().clone();
+  EXPECT_NE(&v.held(), copy);
+  EXPECT_EQ(0, copy->reference_count());
+  EXPECT_TRUE(copy->delete_on_zero());
+  EXPECT_EQ(typeid(std::string), copy->type());
+  EXPECT_EQ("abc", copy->as_string());
+  mota::memory::pointers::rc_pointer<variant_type> owner(copy);  // frees the copy
+  EXPECT_EQ(1, copy->reference_count());
+}
+
+TEST(Variant, HandleIsOnePointer) {
+  EXPECT_EQ(sizeof(void*), sizeof(variant));
+}

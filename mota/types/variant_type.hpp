@@ -1,0 +1,76 @@
+// The abstract value object behind types::variant. Each concrete value object
+// (types::variant_value_t<T>) holds one value of a fixed type, never changes after it is built,
+// and converts that value on request to every type the variant offers. Value objects are
+// reference counted and shared between variants through memory::pointers::rc_pointer.
+//
+//   mota::types::variant v(42);
+//   v.as_string();   // "42", computed by the held variant_value_t<int>
+#ifndef MOTA_TYPES_VARIANT_TYPE_HPP
+#define MOTA_TYPES_VARIANT_TYPE_HPP
+
+#include <mota/export.hpp>
+#include <mota/generic/abilities/clone_ability.hpp>
+#include <mota/generic/abilities/reference_count_pointer_ability.hpp>
+#include <mota/strings/ustring.hpp>
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <typeinfo>
+
+namespace MOTA_2_18 {
+namespace types {
+
+class MOTA_API variant_type
+    : public generic::abilities::reference_count_pointer_ability<variant_type>,
+      public generic::abilities::clone_ability {
+ public:
+  ~variant_type() override;
+
+  // True for every held type.
+  virtual bool convertible() const = 0;
+  // The type information of the held type.
+  virtual std::type_info const& type() const = 0;
+  // A new, independent value object holding a copy of the value (count 0, delete flag set).
+  variant_type* clone() const override = 0;
+  // Writes the value to `os` and returns it.
+  virtual std::ostream& ostream(std::ostream& os) const = 0;
+
+  // Integer conversions. Numbers convert arithmetically (truncating, modulo 2^N on narrowing);
+  // text is parsed with generic::convert, whose exceptions pass through unchanged.
+  virtual int as_int() const = 0;
+  virtual short as_short() const = 0;
+  virtual std::int32_t as_long() const = 0;
+  virtual std::int8_t as_int8() const = 0;
+  virtual std::int16_t as_int16() const = 0;
+  virtual std::int32_t as_int32() const = 0;
+  virtual std::int64_t as_int64() const = 0;
+  virtual std::uint8_t as_uint8() const = 0;
+  virtual std::uint16_t as_uint16() const = 0;
+  virtual std::uint32_t as_uint32() const = 0;
+  virtual std::uint64_t as_uint64() const = 0;
+  virtual bool as_bool() const = 0;
+
+  // Text conversions; the empty value converts to "0".
+  virtual strings::ustring8 as_string() const = 0;
+  virtual std::wstring as_wstring() const = 0;
+  virtual std::string as_ustring() const = 0;
+  virtual strings::ustring8 as_utf8() const = 0;
+  virtual strings::ustring16 as_utf16() const = 0;
+  virtual strings::ustring32 as_utf32() const = 0;
+
+  // Floating conversions.
+  virtual float as_float() const = 0;
+  virtual double as_double() const = 0;
+  virtual long double as_long_double() const = 0;
+
+ protected:
+  variant_type() = default;
+  variant_type(variant_type const&) = default;
+  variant_type& operator=(variant_type const&) = delete;
+};
+
+}  // namespace types
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_TYPES_VARIANT_TYPE_HPP
