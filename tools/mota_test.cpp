@@ -36,10 +36,11 @@ void write_file(const std::string& path, const std::string& content) {
   out << content;
 }
 
-// Runs the tool with `args`, `input` on standard input, and either the test's own
-// environment or exactly `env` (plus the sanitizer settings, so sanitized builds keep them).
+// Runs the tool with `args`, `input` on standard input, either the test's own environment or
+// exactly `env` (plus the sanitizer settings, so sanitized builds keep them), in the working
+// directory `cwd` (the test's own when empty).
 run_result run(const std::vector<std::string>& args, const std::string& input = "",
-               const std::vector<std::string>* env = nullptr) {
+               const std::vector<std::string>* env = nullptr, const std::string& cwd = "") {
   mota_test::temp_dir dir;
   const std::string in_path = dir / "in", out_path = dir / "out", err_path = dir / "err";
   write_file(in_path, input);
@@ -73,6 +74,7 @@ run_result run(const std::vector<std::string>& args, const std::string& input = 
     const int out = open(out_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     const int err = open(err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     if (in < 0 || out < 0 || err < 0) _exit(126);
+    if (!cwd.empty() && chdir(cwd.c_str()) != 0) _exit(126);
     dup2(in, 0);
     dup2(out, 1);
     dup2(err, 2);
@@ -315,3 +317,402 @@ TEST(ToolXml, ArbitraryBytesNeverCrashTheReader) {
 }
 
 }  // namespace
+
+// ---------------------------------------------------------------------------------------
+// catalog check
+
+TEST(ToolCatalogCheck, ListsCatalogsWithMessageCountsAndLanguagesPerLocale) {
+  struct check_case {
+    std::vector<std::string> args;
+    std::string output;
+  };
+  const std::string dir = example("catalogs"), shop = example("catalogs/shop.xmc");
+  const check_case cases[] = {
+      {{dir, "--locale", "de_DE"},
+       "kinds: 20 messages; languages: .\nshop: 6 messages; languages: de en\n"},
+      {{dir, "--locale", "fr-FR.UTF-8"},
+       "kinds: 20 messages; languages: .\nshop: 6 messages; languages: en fr\n"},
+      {{dir, "--locale", "it"},
+       "kinds: 20 messages; languages: .\nshop: 6 messages; languages: en\n"},
+      {{dir, "--locale", "de", "--catalog", "shop"}, "shop: 6 messages; languages: de en\n"},
+      // The German variants arrive through the include of the English file.
+      {{shop, "--locale", "de"}, "shop: 6 messages; languages: de en\n"},
+      {{"--locale=en", shop, example("catalogs/kinds.xmc")},
+       "kinds: 20 messages; languages: .\nshop: 6 messages; languages: en\n"},
+  };
+  for (const check_case& c : cases) {
+    std::vector<std::string> args{"catalog", "check"};
+    args.insert(args.end(), c.args.begin(), c.args.end());
+    const run_result r = run(args);
+    EXPECT_EQ(0, r.code) << c.output << r.err;
+    EXPECT_EQ(c.output, r.out);
+    EXPECT_EQ("", r.err);
+  }
+}
+
+TEST(ToolCatalogCheck, FaultyCatalogsPrintTheLoaderMessageWithItsTrail) {
+  struct broken_case {
+    const char* file;
+    std::string message;  // "@" stands for the file's path
+  };
+  const std::string invalid = "message_catalogs::result_type - XMC file is not valid\n ";
+  const broken_case cases[] = {
+      {"unknown_attribute.xmc", invalid + "xmc_file_loader::load_error - Invalid attibute \"typ\"\n"
+                                          " in message element: \"cart\"\n"
+                                          " in catalog element: \"shop\"\n"
+                                          " in file: \"@\""},
+      {"mismatched_end_tag.xmc",
+       "message_catalogs::result_type - XML parse error, XML file not well formed\n "
+       "xmc_file_loader::load_error - Mismatched end element \"mgs\" was found\n"
+       " at line: \"4\"\n"
+       " in file: \"@\""},
+      {"unknown_element.xmc", invalid +
+                                  "xmc_file_loader::load_error - Invalid element \"catalogue\"\n"
+                                  " in file: \"@\""},
+      {"unsupported_version.xmc",
+       invalid + "xmc_file_loader::load_error - XMC version \"2.0\" is not supported\n"
+                 " in file: \"@\""},
+      {"wrong_root.xmc", invalid +
+                             "xmc_file_loader::load_error - Not XMC file, root element is not "
+                             "XMC but \"messages\"\n in file: \"@\""},
+      {"br_with_content.xmc", invalid +
+                                  "xmc_file_loader::load_error - Expected BR end tag not found\n"
+                                  " in message element: \"receipt\"\n"
+                                  " in catalog element: \"shop\"\n"
+                                  " in file: \"@\""},
+      {"no_language.xmc", "message_catalogs::result_type - No catalog was loaded in file: \"@\""},
+  };
+  for (const broken_case& c : cases) {
+    const std::string path = example(std::string("broken/") + c.file);
+    std::string expected = c.message;
+    expected.replace(expected.find('@'), 1, path);
+    const run_result r = run({"catalog", "check", path, "--locale", "en"});
+    EXPECT_EQ(1, r.code) << c.file;
+    EXPECT_EQ(expected + "\n", r.err) << c.file;
+    EXPECT_EQ("", r.out);
+  }
+}
+
+TEST(ToolCatalogCheck, MissingFilesAndIncludes) {
+  const std::string including = example("broken/missing_include.xmc");
+  run_result r = run({"catalog", "check", including, "--locale", "en"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ(
+      "message_catalogs::result_type - File was not found on disk\n "
+      "xmc_file_loader::load_error - File \"" +
+          example("broken/no_such_file.xmc") + "\" was not found on disk\n in file: \"" +
+          including + "\"\n",
+      r.err);
+
+  r = run({"catalog", "check", "/no/such/place", "--locale", "en"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ(
+      "message_catalogs::result_type - Entity (file or directory) \"/no/such/place\" was not "
+      "found on disk\n",
+      r.err);
+
+  // A directory holding one faulty file fails as a whole.
+  r = run({"catalog", "check", example("broken"), "--locale", "en"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - ")) << r.err;
+  EXPECT_EQ("", r.out);
+
+  // Several paths of which none suits the locale.
+  r = run({"catalog", "check", example("broken/no_language.xmc"), example("broken/no_language.xmc"),
+           "--locale", "en"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - No catalog was loaded in file: \""))
+      << r.err;
+}
+
+TEST(ToolCatalogCheck, CommandLineMistakes) {
+  const std::string dir = example("catalogs");
+  const std::vector<std::vector<std::string>> bad = {
+      {"catalog"},
+      {"catalog", "load", dir, "--locale", "en"},
+      {"catalog", "check", dir},
+      {"catalog", "check", "--locale", "en"},
+      {"catalog", "check", dir, "--locale"},
+      {"catalog", "check", dir, "--locale", "en", "--list-args"},
+      {"catalog", "check", dir, "--locale", "en", "--verbose"},
+  };
+  for (const auto& args : bad) {
+    const run_result r = run(args);
+    EXPECT_EQ(64, r.code) << args.back();
+    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog check")) << r.err;
+    EXPECT_EQ("", r.out);
+  }
+}
+
+// ---------------------------------------------------------------------------------------
+// catalog render
+
+run_result render(const std::string& locale, const std::vector<std::string>& rest) {
+  std::vector<std::string> args{"catalog", "render", example("catalogs"), "--locale", locale};
+  args.insert(args.end(), rest.begin(), rest.end());
+  return run(args);
+}
+
+TEST(ToolCatalogRender, TheSameMessageInEachLanguageWithFallbackToEnglish) {
+  struct render_case {
+    std::string locale;
+    std::vector<std::string> rest;
+    std::string output;
+  };
+  const render_case cases[] = {
+      {"en_US", {"shop", "greeting", "user=Anna"}, "Hello, Anna!\n"},
+      {"de_AT", {"shop", "greeting", "user=Anna"}, "Hallo, Anna!\n"},
+      {"fr", {"shop", "greeting", "user=Anna"}, "Bonjour, Anna !\n"},
+      {"en", {"shop", "cart", "count=3", "total=59.9"}, "Your cart holds 3 items for 59.90 EUR.\n"},
+      {"de_DE",
+       {"shop", "cart", "total=5", "count=12"},
+       "Ihr Warenkorb enth\xC3\xA4lt 12 Artikel f\xC3\xBCr 5.00 EUR.\n"},
+      {"fr_CA",
+       {"shop", "cart", "count=1", "total=0.5"},
+       "Votre panier contient 1 articles pour 0.50 EUR.\n"},
+      // No German variant: the English text stands in.
+      {"de_DE", {"shop", "farewell"}, "Goodbye & thank you for shopping with us.\n"},
+      {"de_DE", {"shop", "receipt", "order=255", "count=7"}, "Order 0xff\nItems:    7\n"},
+  };
+  for (const render_case& c : cases) {
+    const run_result r = render(c.locale, c.rest);
+    EXPECT_EQ(0, r.code) << c.output << r.err;
+    EXPECT_EQ(c.output, r.out);
+    EXPECT_EQ("", r.err);
+  }
+}
+
+TEST(ToolCatalogRender, EveryArgumentKind) {
+  struct kind_case {
+    std::string message;
+    std::string value;
+    std::string output;
+  };
+  const kind_case cases[] = {
+      {"string", "v=some text", "[some text]"},
+      {"default", "v=12abc", "[12abc]"},
+      {"unknown_word", "v=x", "[x]"},
+      {"int", "v=-42", "[-42]"},
+      {"double", "v=2.5", "[2.500]"},
+      {"double_field", "v=3.14159", "[     3.1]"},
+      // Read, but never rendered: kept that way by the library.
+      {"number", "v=1", "[?invalid?]"},
+      {"time", "v=1", "[?invalid?]"},
+      {"date", "v=1", "[?invalid?]"},
+      // The kind "value" is literal text: the argument's name.
+      {"value", "", "[v]"},
+  };
+  for (const kind_case& c : cases) {
+    std::vector<std::string> rest{"kinds", c.message};
+    if (!c.value.empty()) rest.push_back(c.value);
+    const run_result r = render("en", rest);
+    EXPECT_EQ(0, r.code) << c.message << r.err;
+    EXPECT_EQ(c.output + "\n", r.out) << c.message;
+  }
+}
+
+TEST(ToolCatalogRender, ListArgsShowsNamesKindsAndFormats) {
+  struct list_case {
+    std::string catalog, message, output;
+  };
+  const list_case cases[] = {
+      {"shop", "cart", "count int\ntotal double precision=2\n"},
+      {"shop", "download",
+       "size memory base_unit=B target_unit=any\nsize memory_unit base_unit=B target_unit=any\n"
+       "elapsed duration short_form=true prec=1\n"},
+      {"kinds", "int_hex", "v int hex=true\n"},
+      {"kinds", "mem",
+       "v memory base_unit=KB target_unit=any\n"
+       "v memory_unit base_unit=KB target_unit=any\n"},
+      {"kinds", "two_args", "a string\nb int\n"},
+      {"kinds", "value", ""},
+      {"kinds", "no_args", ""},
+  };
+  for (const list_case& c : cases) {
+    const run_result r = render("en", {c.catalog, c.message, "--list-args"});
+    EXPECT_EQ(0, r.code) << c.message << r.err;
+    EXPECT_EQ(c.output, r.out) << c.message;
+  }
+}
+
+TEST(ToolCatalogRender, MissingUnknownAndMistypedArguments) {
+  run_result r = render("en", {"shop", "greeting"});
+  EXPECT_EQ(0, r.code);
+  EXPECT_EQ("Hello, ?invalid?!\n", r.out);
+  EXPECT_EQ("mota: warning: argument \"user\" not given\n", r.err);
+
+  r = render("en", {"kinds", "two_args", "b=2"});
+  EXPECT_EQ(0, r.code);
+  EXPECT_EQ("?invalid? and 2\n", r.out);
+  EXPECT_EQ("mota: warning: argument \"a\" not given\n", r.err);
+
+  r = render("en", {"shop", "greeting", "user=Anna", "name=Bob"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: message \"greeting\" has no argument \"name\" (--list-args shows them)\n",
+            r.err);
+  EXPECT_EQ("", r.out);
+
+  for (const char* value : {"count=three", "count=1.5", "count=", "count=12abc", "count=0x"}) {
+    r = render("en", {"shop", "cart", value, "total=1"});
+    EXPECT_EQ(1, r.code) << value;
+    EXPECT_EQ(0u, r.err.find("mota: argument \"count\" is of kind int and needs a number, not \""))
+        << r.err;
+  }
+  for (const char* value : {"total=1.", "total=.5", "total=1e", "total=--1", "total=nan"}) {
+    r = render("en", {"shop", "cart", "count=1", value});
+    EXPECT_EQ(1, r.code) << value;
+    EXPECT_NE(std::string::npos, r.err.find("is of kind double and needs a number")) << r.err;
+  }
+  for (const char* value : {"count=+7", "count=0x1F", "count=-0"}) {
+    r = render("en", {"shop", "cart", value, "total=-1.5e2"});
+    EXPECT_EQ(0, r.code) << value << r.err;
+  }
+}
+
+TEST(ToolCatalogRender, UnknownCatalogsAndMessagesAndBadWords) {
+  run_result r = render("en", {"store", "greeting"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: no catalog \"store\" was loaded (loaded: kinds, shop)\n", r.err);
+
+  r = render("en", {"shop", "greting"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: catalog \"shop\" has no message \"greting\"\n", r.err);
+
+  // The catalog filter leaves the other catalog unloaded.
+  r = run({"catalog", "render", example("catalogs"), "--locale", "en", "--catalog", "shop", "kinds",
+           "int", "v=1"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: no catalog \"kinds\" was loaded (loaded: shop)\n", r.err);
+
+  // Text that is not UTF-8 is escaped in the output.
+  r = render("en", {"kinds", "string",
+                    "v=a\xFF"
+                    "b"});
+  EXPECT_EQ(0, r.code);
+  EXPECT_EQ("[a\\xFFb]\n", r.out);
+
+  r = run({"catalog", "render", example("broken/unknown_attribute.xmc"), "--locale", "en", "shop",
+           "greeting"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - XMC file is not valid\n")) << r.err;
+
+  const std::vector<std::vector<std::string>> bad = {
+      {"shop"},
+      {"shop", "greeting", "user"},
+      {"shop", "greeting", "=Anna"},
+      {"shop", "greeting", "user=a", "user=b"},
+      {"shop", "greeting", "user=a", "--list-args"},
+  };
+  for (const auto& rest : bad) {
+    r = render("en", rest);
+    EXPECT_EQ(64, r.code) << rest.back();
+    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog")) << r.err;
+  }
+  r = run({"catalog", "render", example("catalogs"), "shop", "greeting"});
+  EXPECT_EQ(64, r.code);
+  EXPECT_EQ(0u, r.err.find("mota: --locale is required\n")) << r.err;
+}
+
+// ---------------------------------------------------------------------------------------
+// config
+
+run_result config(const std::vector<std::string>& args, const std::vector<std::string>& env) {
+  std::vector<std::string> words{"config"};
+  words.insert(words.end(), args.begin(), args.end());
+  return run(words, "", &env);
+}
+
+TEST(ToolConfig, CommandLineOverFileOverEnvironment) {
+  const std::string file = example("config/app.cfg");
+  const std::vector<std::string> env{"log.level=debug", "only.env=yes"};
+  struct get_case {
+    std::vector<std::string> args;
+    std::string output;
+  };
+  const get_case cases[] = {
+      {{"get", "log.level"}, "debug\n"},
+      {{"get", "log.level", "--file", file}, "info\n"},
+      {{"get", "log.level", "--file", file, "--", "-log.level=trace"}, "trace\n"},
+      {{"get", "only.env", "--file", file, "--", "-log.level=trace"}, "yes\n"},
+      {{"get", "server.port", "--file", file}, "8080\n"},
+      {{"get", "server.limits.clients", "--file", file}, "64\n"},
+      {{"get", "application.title", "--file", file}, "Mota demo shop\n"},
+      {{"get", "greeting", "--file", file}, "Hello, world\n"},
+      {{"--file=" + file, "get", "server.colours"}, "red\ngreen\nblue\n"},
+      {{"get", "languages", "--file", file}, "en\nde\nfr\n"},
+      {{"get", "list", "--", "-list=a,b,c"}, "a\nb\nc\n"},
+  };
+  for (const get_case& c : cases) {
+    const run_result r = config(c.args, env);
+    EXPECT_EQ(0, r.code) << c.output << r.err;
+    EXPECT_EQ(c.output, r.out);
+    EXPECT_EQ("", r.err);
+  }
+}
+
+TEST(ToolConfig, AbsentKeysExitTwo) {
+  for (const char* key : {"nope", "server", "server.port.x", ""}) {
+    const run_result r = config({"get", key, "--file", example("config/app.cfg")}, {"a=1"});
+    EXPECT_EQ(2, r.code) << key;
+    EXPECT_EQ("", r.out);
+    EXPECT_EQ("mota: \"" + std::string(key) + "\" is not set\n", r.err);
+  }
+}
+
+TEST(ToolConfig, AnUnreadableFileIsReportedButTheOtherSourcesStillAnswer) {
+  const run_result r = config({"get", "x", "--file", "/no/such/app.cfg"}, {"x=1"});
+  EXPECT_EQ(0, r.code);
+  EXPECT_EQ("1\n", r.out);
+  EXPECT_EQ("mota: warning: cannot read configuration file \"/no/such/app.cfg\"\n", r.err);
+}
+
+TEST(ToolConfig, WithoutAFileTheProgramNameChoosesIt) {
+  mota_test::temp_dir dir;
+  write_file(dir / "shopd.cfg", "colour = green\n");
+  write_file(dir / "mota.cfg", "colour = blue\n");
+  const std::vector<std::string> env;
+  run_result r = run({"config", "get", "colour", "--program", "shopd"}, "", &env, dir.str());
+  EXPECT_EQ(0, r.code) << r.err;
+  EXPECT_EQ("green\n", r.out);
+  r = run({"config", "get", "colour"}, "", &env, dir.str());
+  EXPECT_EQ(0, r.code) << r.err;
+  EXPECT_EQ("blue\n", r.out);
+}
+
+TEST(ToolConfig, DumpListsEverySource) {
+  const run_result r =
+      config({"dump", "--file", example("config/app.cfg"), "--", "-port=1"}, {"from.env=1"});
+  EXPECT_EQ(0, r.code) << r.err;
+  EXPECT_EQ(0u, r.out.find("config_manager:\n")) << r.out;
+  EXPECT_EQ(3, [&] {
+    int n = 0;
+    for (std::size_t at = r.out.find("\nconfig_item:\n"); at != std::string::npos;
+         at = r.out.find("\nconfig_item:\n", at + 1))
+      ++n;
+    return n;
+  }());
+  const std::string tail = "\nno more config_items!\n\nending output\n";
+  ASSERT_GE(r.out.size(), tail.size());
+  EXPECT_EQ(tail, r.out.substr(r.out.size() - tail.size()));
+  for (const char* word : {"port", "colours", "clients", "from", "env"}) {
+    EXPECT_NE(std::string::npos, r.out.find(word)) << word;
+  }
+}
+
+TEST(ToolConfig, CommandLineMistakes) {
+  const std::vector<std::vector<std::string>> bad = {
+      {"config"},
+      {"config", "get"},
+      {"config", "get", "a", "b"},
+      {"config", "dump", "x"},
+      {"config", "set", "a"},
+      {"config", "get", "a", "--file"},
+      {"config", "get", "a", "--program="},
+  };
+  for (const auto& args : bad) {
+    const run_result r = run(args);
+    EXPECT_EQ(64, r.code) << args.back();
+    EXPECT_NE(std::string::npos, r.err.find("usage: mota config get KEY")) << r.err;
+    EXPECT_EQ("", r.out);
+  }
+}
