@@ -29,8 +29,9 @@ MOTA_API bool is_assert_hook_set();
 
 namespace _private {
 
-// The stored hook, or null. Owned by the library.
-extern functor::function_type_interface<assert_hook_signature>* g_assert_callback;
+// The stored hook, or null. Owned by the library; exported so that applications and tests can
+// inspect it.
+extern MOTA_API functor::function_type_interface<assert_hook_signature>* g_assert_callback;
 
 // The two entry points have deliberately odd names so that they stand out in a stack trace.
 

@@ -7,8 +7,10 @@
 namespace s = mota::strings;
 
 namespace {
+// An empty list goes through the default constructor: copying from its null begin() is
+// undefined for this character type.
 s::ustring16 u16(std::initializer_list<unsigned short> units) {
-  return s::ustring16(units);
+  return units.size() == 0 ? s::ustring16() : s::ustring16(units);
 }
 }  // namespace
 

@@ -149,8 +149,12 @@ void code_page::type(const encoding_type& type) {
   m_type = type;
 }
 
-std::string code_page::to_system_type(encoding_type type) const {
-  const std::int32_t code = type;
+namespace {
+
+// The iconv name of `code`. An invalid code throws exceptions::invalid_argument_value "Not valid
+// code_page type" in the name of `function`: the conversions report themselves ("encode",
+// "as_utf8"), a direct look-up reports "to_system_type".
+std::string system_name(std::int32_t code, const char* function) {
   switch (code) {
     case 1:
     case 2:
@@ -179,15 +183,21 @@ std::string code_page::to_system_type(encoding_type type) const {
   }
   if (code >= 1250 && code <= 1258) return "CP" + std::to_string(code);
   if (code >= 28591 && code <= 28599) return "ISO-8859-" + std::to_string(code - 28590);
-  MOTA_THROW(exceptions::invalid_argument_value, "Not valid code_page type");
+  MOTA_THROW_AS(exceptions::invalid_argument_value, "Not valid code_page type", function);
+}
+
+}  // namespace
+
+std::string code_page::to_system_type(encoding_type type) const {
+  return system_name(type, "to_system_type");
 }
 
 std::string code_page::encode(const ustring8& text) const {
-  return convert(text, to_system_type(m_type), "UTF-8", "encode");
+  return convert(text, system_name(m_type, "encode"), "UTF-8", "encode");
 }
 
 ustring8 code_page::as_utf8(const std::string& text) const {
-  return ustring8(convert(text, "UTF-8", to_system_type(m_type), "as_utf8"));
+  return ustring8(convert(text, "UTF-8", system_name(m_type, "as_utf8"), "as_utf8"));
 }
 
 std::string code_page::encode(const ustring16& text) const {

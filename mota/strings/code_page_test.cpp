@@ -67,6 +67,18 @@ TEST(CodePage, NilPageComparesAndRefusesToConvert) {
   EXPECT_THROW_MSG(page.as_utf8("abc"), ex::invalid_argument_value, "Not valid code_page type");
   EXPECT_THROW_MSG(code_page(code(7)).as_ustring(""), ex::invalid_argument_value,
                    "Not valid code_page type");
+  // A conversion reports the invalid code in its own name, not the look-up's.
+  const auto thrower = [](const auto& convert, const char* function) {
+    try {
+      convert();
+      ADD_FAILURE() << "no exception from " << function;
+    } catch (const ex::invalid_argument_value& e) {
+      EXPECT_STREQ(function, e.get_state().function);
+      EXPECT_NE(nullptr, std::strstr(e.get_state().file, "strings/code_page"));
+    }
+  };
+  thrower([&] { page.encode(strings::ustring8("abc")); }, "encode");
+  thrower([&] { page.as_utf8("abc"); }, "as_utf8");
 
   page = code_page::gbk;
   EXPECT_FALSE(page == mota::types::nil);
@@ -164,7 +176,7 @@ TEST(CodePage, WideForms) {
     code_page().as_utf32("a");
     ADD_FAILURE() << "no exception";
   } catch (const ex::invalid_argument_value& e) {
-    EXPECT_STREQ("to_system_type", e.get_state().function);
+    EXPECT_STREQ("as_utf8", e.get_state().function);
   }
 }
 

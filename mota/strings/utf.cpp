@@ -3,6 +3,7 @@
 #include <mota/debug/assert.hpp>
 #include <mota/strings/bom.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <cwchar>
@@ -82,12 +83,123 @@ ustring32 failure32() {
   return ustring32(L"-1");
 }
 
-// --- ASCII runs ------------------------------------------------------------------------------
-// Each copier converts the ASCII run that starts at src[i] (src[i] itself is ASCII) and moves i
-// and k past it. The block loops may store a few elements beyond the run; every caller sizes
-// its output so that such stores stay inside it and are overwritten afterwards.
+// --- block helpers ---------------------------------------------------------------------------
+// Runs of plain elements (ASCII, or units without surrogates) go through SSE2 blocks (64-bit
+// words or plain loops without SSE2); everything else element by element.
 
-// UTF-8 bytes to 16- or 32-bit units. Needs out to hold at least n - i + k elements.
+inline void store16(unsigned char* out, std::uint32_t v) {
+  const std::uint16_t w = static_cast<std::uint16_t>(v);
+  std::memcpy(out, &w, 2);
+}
+inline void store32(unsigned char* out, std::uint32_t v) {
+  std::memcpy(out, &v, 4);
+}
+
+// The encoders build the bytes of a character into a word, first byte lowest, and store the
+// word whole: that needs a little-endian machine (every x86 target is one).
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "word stores expect little-endian");
+
+inline std::uint32_t utf8_word_supplementary(std::uint32_t cp) {
+  return (0xF0 | (cp >> 18)) | ((0x80 | ((cp >> 12) & 0x3F)) << 8) |
+         ((0x80 | ((cp >> 6) & 0x3F)) << 16) | ((0x80 | (cp & 0x3F)) << 24);
+}
+
+// Length of the run of units below 0x80 at the start.
+inline std::size_t ascii_prefix(const unsigned short* src, std::size_t n) {
+  std::size_t i = 0;
+#if defined(MOTA_UTF_SSE2)
+  const __m128i mask = _mm_set1_epi16(static_cast<short>(0xFF80));
+  const __m128i zero = _mm_setzero_si128();
+  while (i + 16 <= n) {
+    const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i));
+    const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i + 8));
+    const __m128i any = _mm_and_si128(_mm_or_si128(a, b), mask);
+    if (_mm_movemask_epi8(_mm_cmpeq_epi16(any, zero)) != 0xFFFF) break;
+    i += 16;
+  }
+#endif
+  while (i < n && src[i] < 0x80)
+    ++i;
+  return i;
+}
+
+inline std::size_t ascii_prefix(const wchar_t* src, std::size_t n) {
+  std::size_t i = 0;
+#if defined(MOTA_UTF_SSE2)
+  const __m128i mask = _mm_set1_epi32(static_cast<int>(0xFFFFFF80u));
+  const __m128i zero = _mm_setzero_si128();
+  while (i + 16 <= n) {
+    const __m128i* p = reinterpret_cast<const __m128i*>(src + i);
+    const __m128i any =
+        _mm_and_si128(_mm_or_si128(_mm_or_si128(_mm_loadu_si128(p), _mm_loadu_si128(p + 1)),
+                                   _mm_or_si128(_mm_loadu_si128(p + 2), _mm_loadu_si128(p + 3))),
+                      mask);
+    if (_mm_movemask_epi8(_mm_cmpeq_epi32(any, zero)) != 0xFFFF) break;
+    i += 16;
+  }
+#endif
+  while (i < n && static_cast<std::uint32_t>(src[i]) < 0x80)
+    ++i;
+  return i;
+}
+
+// Narrows `count` units or code points known to be below 0x80.
+template <typename Unit>
+inline void narrow_ascii(const Unit* src, std::size_t count, unsigned char* out) {
+  std::size_t i = 0;
+#if defined(MOTA_UTF_SSE2)
+  for (; i + 16 <= count; i += 16) {
+    const __m128i* p = reinterpret_cast<const __m128i*>(src + i);
+    __m128i packed;
+    if (sizeof(Unit) == 2) {
+      packed = _mm_packus_epi16(_mm_loadu_si128(p), _mm_loadu_si128(p + 1));
+    } else {
+      const __m128i ab = _mm_packs_epi32(_mm_loadu_si128(p), _mm_loadu_si128(p + 1));
+      const __m128i cd = _mm_packs_epi32(_mm_loadu_si128(p + 2), _mm_loadu_si128(p + 3));
+      packed = _mm_packus_epi16(ab, cd);
+    }
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), packed);
+  }
+#endif
+  for (; i < count; ++i)
+    out[i] = static_cast<unsigned char>(src[i]);
+}
+
+// True when the 16 units at src are all below 0x80.
+inline bool ascii_block(const unsigned short* src) {
+#if defined(MOTA_UTF_SSE2)
+  const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src));
+  const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + 8));
+  const __m128i any = _mm_and_si128(_mm_or_si128(a, b), _mm_set1_epi16(static_cast<short>(0xFF80)));
+  return _mm_movemask_epi8(_mm_cmpeq_epi16(any, _mm_setzero_si128())) == 0xFFFF;
+#else
+  unsigned int any = 0;
+  for (unsigned int j = 0; j < 16; ++j)
+    any |= src[j];
+  return any < 0x80;
+#endif
+}
+
+inline bool ascii_block(const wchar_t* src) {
+#if defined(MOTA_UTF_SSE2)
+  const __m128i* p = reinterpret_cast<const __m128i*>(src);
+  const __m128i any =
+      _mm_and_si128(_mm_or_si128(_mm_or_si128(_mm_loadu_si128(p), _mm_loadu_si128(p + 1)),
+                                 _mm_or_si128(_mm_loadu_si128(p + 2), _mm_loadu_si128(p + 3))),
+                    _mm_set1_epi32(static_cast<int>(0xFFFFFF80u)));
+  return _mm_movemask_epi8(_mm_cmpeq_epi32(any, _mm_setzero_si128())) == 0xFFFF;
+#else
+  std::uint32_t any = 0;
+  for (unsigned int j = 0; j < 16; ++j)
+    any |= static_cast<std::uint32_t>(src[j]);
+  return any < 0x80;
+#endif
+}
+
+// UTF-8 bytes to 16- or 32-bit units: converts the ASCII run at src[i] and moves i and k past
+// it. The block loop stores all 16 elements of a block before it knows where the run ends;
+// the caller's output holds at least n - i + k elements (k never passes i), so those stores
+// stay inside it and the elements past the run are overwritten afterwards.
 template <typename Unit>
 inline void widen_ascii_run(const unsigned char* src, std::size_t n, std::size_t& i, Unit* out,
                             std::size_t& k) {
@@ -131,106 +243,81 @@ inline void widen_ascii_run(const unsigned char* src, std::size_t n, std::size_t
     out[k++] = static_cast<Unit>(src[i++]);
 }
 
-// UTF-16 units below 0x80 to bytes. Stores only whole ASCII blocks.
-inline void narrow_ascii_run16(const unsigned short* src, std::size_t n, std::size_t& i,
-                               unsigned char* out, std::size_t& k) {
-#if defined(MOTA_UTF_SSE2)
-  const __m128i mask = _mm_set1_epi16(static_cast<short>(0xFF80));
-  const __m128i zero = _mm_setzero_si128();
-  while (i + 16 <= n) {
-    const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i));
-    const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i + 8));
-    const __m128i any = _mm_and_si128(_mm_or_si128(a, b), mask);
-    if (_mm_movemask_epi8(_mm_cmpeq_epi16(any, zero)) != 0xFFFF) break;
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k), _mm_packus_epi16(a, b));
-    i += 16;
-    k += 16;
+// Decodes the UTF-8 character at p like decode_utf8, testing lead and continuation bytes of a
+// sequence with one mask when four bytes are at hand.
+inline unsigned int decode_utf8_fast(const unsigned char* p, std::size_t r, std::uint32_t& cp) {
+  if (r < 4) return decode_utf8(p, r, cp);
+  const std::uint32_t w =
+      static_cast<std::uint32_t>(p[0]) | (static_cast<std::uint32_t>(p[1]) << 8) |
+      (static_cast<std::uint32_t>(p[2]) << 16) | (static_cast<std::uint32_t>(p[3]) << 24);
+  if ((w & 0xC0C0F0u) == 0x8080E0u) {
+    cp = ((w & 0x0F) << 12) | ((w >> 2) & 0xFC0) | ((w >> 16) & 0x3F);
+    return 3;
   }
-#else
-  while (i + 4 <= n) {
-    std::uint64_t w;
-    std::memcpy(&w, src + i, 8);
-    if (w & 0xFF80FF80FF80FF80ull) break;
-    for (unsigned int j = 0; j < 4; ++j)
-      out[k + j] = static_cast<unsigned char>(src[i + j]);
-    i += 4;
-    k += 4;
+  if ((w & 0xC0E0u) == 0x80C0u) {
+    cp = ((w & 0x1F) << 6) | ((w >> 8) & 0x3F);
+    return 2;
   }
-#endif
-  while (i < n && src[i] < 0x80)
-    out[k++] = static_cast<unsigned char>(src[i++]);
-}
-
-// UTF-32 code points below 0x80 to bytes. Stores only whole ASCII blocks.
-inline void narrow_ascii_run32(const wchar_t* src, std::size_t n, std::size_t& i,
-                               unsigned char* out, std::size_t& k) {
-#if defined(MOTA_UTF_SSE2)
-  const __m128i mask = _mm_set1_epi32(static_cast<int>(0xFFFFFF80u));
-  const __m128i zero = _mm_setzero_si128();
-  while (i + 16 <= n) {
-    const __m128i* p = reinterpret_cast<const __m128i*>(src + i);
-    const __m128i a = _mm_loadu_si128(p);
-    const __m128i b = _mm_loadu_si128(p + 1);
-    const __m128i c = _mm_loadu_si128(p + 2);
-    const __m128i d = _mm_loadu_si128(p + 3);
-    const __m128i any = _mm_and_si128(_mm_or_si128(_mm_or_si128(a, b), _mm_or_si128(c, d)), mask);
-    if (_mm_movemask_epi8(_mm_cmpeq_epi32(any, zero)) != 0xFFFF) break;
-    const __m128i ab = _mm_packs_epi32(a, b);
-    const __m128i cd = _mm_packs_epi32(c, d);
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k), _mm_packus_epi16(ab, cd));
-    i += 16;
-    k += 16;
+  if ((w & 0xC0C0C0F8u) == 0x808080F0u) {
+    cp = ((w & 0x07) << 18) | ((w << 4) & 0x3F000) | ((w >> 10) & 0xFC0) | ((w >> 24) & 0x3F);
+    return 4;
   }
-#endif
-  while (i < n && static_cast<std::uint32_t>(src[i]) < 0x80)
-    out[k++] = static_cast<unsigned char>(src[i++]);
+  if (p[0] < 0x80) {
+    cp = p[0];
+    return 1;
+  }
+  return 0;
 }
 
 // --- UTF-16 source -----------------------------------------------------------------------------
 
-// Exact UTF-8 size of well-formed UTF-16; for malformed text still an upper bound of what the
-// encoder writes before it stops (a pair counts 3 + 1).
-std::size_t utf8_size_of(const unsigned short* src, std::size_t n) {
-  std::size_t total = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    const unsigned int u = src[i];
-    total += 1u + (u >= 0x80) + (u >= 0x800) - 2u * ((u & 0xFC00) == 0xDC00);
-  }
-  return total;
+// The UTF-8 encoders size their output for the worst case; a result that uses less than half
+// of it gives the rest back rather than keep it for the string's lifetime.
+inline void release_slack(ustring8& output) {
+  if (output.capacity() > 2 * output.size() + 64) output.shrink_to_fit();
 }
 
-// Encodes UTF-16 as UTF-8 into out; false on a bad surrogate.
+// Encodes UTF-16 as UTF-8 into out, which holds three bytes per unit plus one, so that whole
+// words can be stored; false on a bad surrogate.
 bool encode_utf16_as_utf8(const unsigned short* src, std::size_t n, unsigned char* out,
-                          std::size_t& k) {
-  std::size_t i = 0;
-  while (i < n) {
-    const std::uint32_t u = src[i];
-    if (u < 0x80) {
-      narrow_ascii_run16(src, n, i, out, k);
-      continue;
+                          std::size_t& written) {
+  // Pointers rather than a referenced count: stores through unsigned char* could alias it.
+  unsigned char* d = out + written;
+  const unsigned short* p = src;
+  const unsigned short* const end = src + n;
+  while (p < end) {
+    // At every 32-byte boundary an ASCII unit may start a run of whole ASCII blocks; testing at
+    // each unit would cost more than it saves in mixed text.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 31) == 0 && *p < 0x80) {
+      while (end - p >= 16 && ascii_block(p)) {
+        narrow_ascii(p, 16, d);
+        p += 16;
+        d += 16;
+      }
+      if (p == end) break;
     }
+    const std::uint32_t u = *p;
     if (u < 0x800) {
-      out[k] = static_cast<unsigned char>(0xC0 | (u >> 6));
-      out[k + 1] = static_cast<unsigned char>(0x80 | (u & 0x3F));
-      k += 2;
-      ++i;
+      // One or two bytes, chosen without a branch: mixed Latin text alternates unpredictably.
+      const std::uint32_t two = (0xC0 | (u >> 6)) | ((0x80 | (u & 0x3F)) << 8);
+      const std::uint32_t wide = u >= 0x80;
+      const std::uint32_t mask = 0u - wide;
+      store16(d, (u & ~mask) | (two & mask));
+      d += 1 + wide;
+      ++p;
     } else if (u < 0xD800 || u >= 0xE000) {
-      out[k] = static_cast<unsigned char>(0xE0 | (u >> 12));
-      out[k + 1] = static_cast<unsigned char>(0x80 | ((u >> 6) & 0x3F));
-      out[k + 2] = static_cast<unsigned char>(0x80 | (u & 0x3F));
-      k += 3;
-      ++i;
+      store32(d,
+              (0xE0 | (u >> 12)) | ((0x80 | ((u >> 6) & 0x3F)) << 8) | ((0x80 | (u & 0x3F)) << 16));
+      d += 3;
+      ++p;
     } else {
-      if (u >= 0xDC00 || i + 1 >= n || !is_low_surrogate(src[i + 1])) return false;
-      const std::uint32_t cp = combine_pair(u, src[i + 1]);
-      out[k] = static_cast<unsigned char>(0xF0 | (cp >> 18));
-      out[k + 1] = static_cast<unsigned char>(0x80 | ((cp >> 12) & 0x3F));
-      out[k + 2] = static_cast<unsigned char>(0x80 | ((cp >> 6) & 0x3F));
-      out[k + 3] = static_cast<unsigned char>(0x80 | (cp & 0x3F));
-      k += 4;
-      i += 2;
+      if (u >= 0xDC00 || end - p < 2 || !is_low_surrogate(p[1])) return false;
+      store32(d, utf8_word_supplementary(combine_pair(u, p[1])));
+      d += 4;
+      p += 2;
     }
   }
+  written = static_cast<std::size_t>(d - out);
   return true;
 }
 
@@ -297,7 +384,7 @@ ustring16 utf8_to_utf16(const ustring8& text) {
       continue;
     }
     std::uint32_t cp = 0;
-    const unsigned int used = decode_utf8(src + i, n - i, cp);
+    const unsigned int used = decode_utf8_fast(src + i, n - i, cp);
     if (used == 0) return failure16();
     i += used;
     if (cp < 0x10000) {
@@ -326,14 +413,10 @@ ustring32 utf8_to_utf32(const ustring8& text) {
       continue;
     }
     std::uint32_t cp = replacement;
-    const unsigned int used = decode_utf8(src + i, n - i, cp);
-    if (used == 0) {
-      out[k++] = static_cast<wchar_t>(replacement);
-      ++i;
-    } else {
-      out[k++] = static_cast<wchar_t>(cp);
-      i += used;
-    }
+    const unsigned int used = decode_utf8_fast(src + i, n - i, cp);
+    // An undecodable byte becomes the replacement and decoding resumes at the next byte.
+    out[k++] = static_cast<wchar_t>(used == 0 ? replacement : cp);
+    i += used == 0 ? 1 : used;
   }
   output.resize(k);
   return output;
@@ -347,14 +430,18 @@ ustring8 utf16_to_utf8(const ustring16& text) {
     swapped = swap_string_bytes_order(text);
     src = swapped.data();
   }
-  // Sized exactly rather than at four bytes per unit: less to clear and no slack kept.
+  // An ASCII prefix takes one byte per unit; every other unit at most three (a pair four for
+  // two units). One spare byte lets the encoder store whole words.
+  const std::size_t ascii = ascii_prefix(src, n);
   ustring8 output;
-  output.resize(utf8_size_of(src, n));
-  std::size_t k = 0;
-  if (!encode_utf16_as_utf8(src, n, reinterpret_cast<unsigned char*>(&output[0]), k))
-    return failure8();
+  output.resize(ascii + 3 * (n - ascii) + 1);
+  unsigned char* out = reinterpret_cast<unsigned char*>(&output[0]);
+  narrow_ascii(src, ascii, out);
+  std::size_t k = ascii;
+  if (!encode_utf16_as_utf8(src + ascii, n - ascii, out, k)) return failure8();
   MOTA_ASSERT(k <= output.size());
   output.resize(k);
+  release_slack(output);
   return output;
 }
 
@@ -368,111 +455,167 @@ ustring32 utf16_to_utf32(const ustring16& text) {
   }
   ustring32 output;
   output.resize(n);
-  wchar_t* out = &output[0];
-  std::size_t i = 0;
-  std::size_t k = 0;
-  while (i < n) {
+  wchar_t* const out = &output[0];
+  wchar_t* d = out;
+  const unsigned short* p = src;
+  const unsigned short* const end = src + n;
+  while (p < end) {
 #if defined(MOTA_UTF_SSE2)
-    // Runs without surrogates widen eight units at a time; k never passes i, so the stores
-    // stay inside the output.
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i mask = _mm_set1_epi16(static_cast<short>(0xF800));
-    const __m128i surrogate = _mm_set1_epi16(static_cast<short>(0xD800));
-    while (i + 8 <= n) {
-      const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + i));
-      if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(v, mask), surrogate)) != 0) break;
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k), _mm_unpacklo_epi16(v, zero));
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + k + 4), _mm_unpackhi_epi16(v, zero));
-      i += 8;
-      k += 8;
+    // At every 16-byte boundary a run of blocks of eight units without surrogates widens at
+    // once; d never passes the matching input position, so the stores stay inside the output.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 15) == 0) {
+      const __m128i zero = _mm_setzero_si128();
+      const __m128i mask = _mm_set1_epi16(static_cast<short>(0xF800));
+      const __m128i surrogate = _mm_set1_epi16(static_cast<short>(0xD800));
+      while (end - p >= 8) {
+        const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(v, mask), surrogate)) != 0) break;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm_unpacklo_epi16(v, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 4), _mm_unpackhi_epi16(v, zero));
+        p += 8;
+        d += 8;
+      }
+      if (p == end) break;
     }
-    if (i >= n) break;
 #endif
-    const std::uint32_t u = src[i];
+    const std::uint32_t u = *p;
     if (u < 0xD800 || u >= 0xE000) {
-      out[k++] = static_cast<wchar_t>(u);
-      ++i;
+      *d++ = static_cast<wchar_t>(u);
+      ++p;
     } else {
-      if (u >= 0xDC00 || i + 1 >= n || !is_low_surrogate(src[i + 1])) return failure32();
-      out[k++] = static_cast<wchar_t>(combine_pair(u, src[i + 1]));
-      i += 2;
+      if (u >= 0xDC00 || end - p < 2 || !is_low_surrogate(p[1])) return failure32();
+      *d++ = static_cast<wchar_t>(combine_pair(u, p[1]));
+      p += 2;
     }
   }
-  output.resize(k);
+  output.resize(static_cast<std::size_t>(d - out));
   return output;
 }
 
 ustring8 utf32_to_utf8(const ustring32& text) {
   const wchar_t* src = text.data();
   const std::size_t n = text.size();
-  // First pass: exact size, and any surrogate fails the whole text.
-  std::size_t total = 0;
-  std::uint32_t surrogates = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    const std::uint32_t cp = static_cast<std::uint32_t>(src[i]);
-    surrogates |= static_cast<std::uint32_t>((cp & 0xFFFFF800u) == 0xD800);
-    total += (1u + (cp >= 0x80) + (cp >= 0x800) + (cp >= 0x10000)) * (cp <= 0x10FFFF);
-  }
-  if (surrogates != 0) return failure8();
+  // An ASCII prefix takes one byte per code point, every other one at most four.
+  const std::size_t ascii = ascii_prefix(src, n);
   ustring8 output;
-  output.resize(total);
+  output.resize(ascii + 4 * (n - ascii));
   unsigned char* out = reinterpret_cast<unsigned char*>(&output[0]);
-  std::size_t i = 0;
-  std::size_t k = 0;
-  while (i < n) {
-    const std::uint32_t cp = static_cast<std::uint32_t>(src[i]);
-    if (cp < 0x80) {
-      narrow_ascii_run32(src, n, i, out, k);
-      continue;
+  narrow_ascii(src, ascii, out);
+  const wchar_t* p = src + ascii;
+  const wchar_t* const end = src + n;
+  unsigned char* d = out + ascii;
+  while (p < end) {
+    // At every 64-byte boundary an ASCII code point may start a run of whole ASCII blocks.
+    if ((reinterpret_cast<std::uintptr_t>(p) & 63) == 0 && static_cast<std::uint32_t>(*p) < 0x80) {
+      while (end - p >= 16 && ascii_block(p)) {
+        narrow_ascii(p, 16, d);
+        p += 16;
+        d += 16;
+      }
+      if (p == end) break;
     }
-    ++i;
+    // d + 4 never passes the size here (at most four bytes per code point), so whole words can
+    // be stored.
+    const std::uint32_t cp = static_cast<std::uint32_t>(*p++);
     if (cp < 0x800) {
-      out[k] = static_cast<unsigned char>(0xC0 | (cp >> 6));
-      out[k + 1] = static_cast<unsigned char>(0x80 | (cp & 0x3F));
-      k += 2;
+      // One or two bytes, chosen without a branch: mixed Latin text alternates unpredictably.
+      const std::uint32_t two = (0xC0 | (cp >> 6)) | ((0x80 | (cp & 0x3F)) << 8);
+      const std::uint32_t wide = cp >= 0x80;
+      const std::uint32_t mask = 0u - wide;
+      store16(d, (cp & ~mask) | (two & mask));
+      d += 1 + wide;
     } else if (cp < 0x10000) {
-      out[k] = static_cast<unsigned char>(0xE0 | (cp >> 12));
-      out[k + 1] = static_cast<unsigned char>(0x80 | ((cp >> 6) & 0x3F));
-      out[k + 2] = static_cast<unsigned char>(0x80 | (cp & 0x3F));
-      k += 3;
-    } else if (cp <= 0x10FFFF) {
-      out[k] = static_cast<unsigned char>(0xF0 | (cp >> 18));
-      out[k + 1] = static_cast<unsigned char>(0x80 | ((cp >> 12) & 0x3F));
-      out[k + 2] = static_cast<unsigned char>(0x80 | ((cp >> 6) & 0x3F));
-      out[k + 3] = static_cast<unsigned char>(0x80 | (cp & 0x3F));
-      k += 4;
+      if ((cp & 0xF800) == 0xD800) return failure8();
+      store32(d, (0xE0 | (cp >> 12)) | ((0x80 | ((cp >> 6) & 0x3F)) << 8) |
+                     ((0x80 | (cp & 0x3F)) << 16));
+      d += 3;
+    } else {
+      // Above 0x10FFFF the code point is dropped: the word is stored but not kept.
+      store32(d, utf8_word_supplementary(cp));
+      d += cp <= 0x10FFFF ? 4 : 0;
     }
-    // Above 0x10FFFF: dropped.
   }
+  const std::size_t k = static_cast<std::size_t>(d - out);
+  output.resize(k);
+  release_slack(output);
   return output;
 }
+
+namespace {
+
+#if defined(MOTA_UTF_SSE2)
+// True when the eight code points at src all lie in 0..0xD7FF (one unit each, no check due).
+inline bool plain_bmp_block(const wchar_t* src, __m128i& a, __m128i& b) {
+  const __m128i* p = reinterpret_cast<const __m128i*>(src);
+  a = _mm_loadu_si128(p);
+  b = _mm_loadu_si128(p + 1);
+  const __m128i limit = _mm_set1_epi32(0xD800);
+  const __m128i below = _mm_set1_epi32(-1);
+  const __m128i ok =
+      _mm_and_si128(_mm_and_si128(_mm_cmplt_epi32(a, limit), _mm_cmpgt_epi32(a, below)),
+                    _mm_and_si128(_mm_cmplt_epi32(b, limit), _mm_cmpgt_epi32(b, below)));
+  return _mm_movemask_epi8(ok) == 0xFFFF;
+}
+
+// Stores the eight code points of a plain block as units (biased by 0x8000 for the signed
+// pack).
+inline void store_plain_bmp_block(unsigned short* out, __m128i a, __m128i b) {
+  const __m128i bias = _mm_set1_epi32(0x8000);
+  const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(a, bias), _mm_sub_epi32(b, bias));
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(out),
+                   _mm_add_epi16(packed, _mm_set1_epi16(static_cast<short>(0x8000))));
+}
+#endif
+
+}  // namespace
 
 ustring16 utf32_to_utf16(const ustring32& text) {
   const wchar_t* src = text.data();
   const std::size_t n = text.size();
-  // First pass: exact size; a surrogate or a value above 0x10FFFF fails the whole text. The
-  // comparisons are on the signed value, so a negative one is stored as one (cut) unit.
-  std::size_t total = n;
-  for (std::size_t i = 0; i < n; ++i) {
+  // The leading run of code points below 0xD800 takes one unit each; the rest is checked and
+  // its pairs counted first, so that the output is sized once. The comparisons are on the
+  // signed value, so a negative one is stored as one (cut) unit.
+  std::size_t plain = 0;
+#if defined(MOTA_UTF_SSE2)
+  __m128i a;
+  __m128i b;
+  while (plain + 8 <= n && plain_bmp_block(src + plain, a, b))
+    plain += 8;
+#endif
+  std::size_t pairs = 0;
+  bool bad = false;
+  for (std::size_t i = plain; i < n; ++i) {
     const std::int32_t cp = static_cast<std::int32_t>(src[i]);
-    if ((cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF) return failure16();
-    total += (cp >= 0xFFFF);
+    bad |= (cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF;
+    pairs += cp >= 0xFFFF;
   }
+  if (bad) return failure16();
   ustring16 output;
-  output.resize(total);
+  output.resize(n + pairs + 1);  // one spare unit: both units of a pair are always stored
   unsigned short* out = &output[0];
+  std::size_t i = 0;
   std::size_t k = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    const std::int32_t cp = static_cast<std::int32_t>(src[i]);
-    if (cp < 0xFFFF) {
-      out[k++] = static_cast<unsigned short>(cp);
-    } else {
+  while (i < n) {
+#if defined(MOTA_UTF_SSE2)
+    if (i + 8 <= n && plain_bmp_block(src + i, a, b)) {
+      store_plain_bmp_block(out + k, a, b);
+      i += 8;
+      k += 8;
+      continue;
+    }
+#endif
+    const std::size_t block_end = std::min(n, i + 8);
+    for (; i < block_end; ++i) {
+      const std::uint32_t cp = static_cast<std::uint32_t>(src[i]);
+      const std::uint32_t pair = static_cast<std::int32_t>(cp) >= 0xFFFF;
+      const std::uint32_t mask = 0u - pair;
       // The library's own pairing: no 0x10000 is subtracted before the split (intended).
-      out[k] = static_cast<unsigned short>((cp >> 10) + 0xD800);
+      out[k] = static_cast<unsigned short>((cp & ~mask) | (((cp >> 10) + 0xD800) & mask));
       out[k + 1] = static_cast<unsigned short>(0xDC00 | (cp & 0x3FF));
-      k += 2;
+      k += 1 + pair;
     }
   }
+  output.resize(k);
   return output;
 }
 

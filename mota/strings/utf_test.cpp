@@ -13,8 +13,10 @@ namespace {
 
 const unsigned int all_ones = 0xFFFFFFFFu;
 
+// An empty list goes through the default constructor: copying from its null begin() is
+// undefined for this character type.
 s::ustring16 u16(std::initializer_list<unsigned short> units) {
-  return s::ustring16(units);
+  return units.size() == 0 ? s::ustring16() : s::ustring16(units);
 }
 s::ustring32 u32(std::initializer_list<std::uint32_t> cps) {
   s::ustring32 r;

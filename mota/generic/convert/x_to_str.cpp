@@ -81,9 +81,19 @@ C* write_digits(U value, C* out, unsigned int radix) {
   return p;
 }
 
+// Radixes outside 2..36 have no digits: 0 would divide by zero, 1 would never finish and
+// anything above 36 would run past the digit table. Such a call writes the empty text.
+inline bool writable_radix(unsigned int radix) {
+  return radix - 2u <= 34u;
+}
+
 template <typename S, typename C>
 C* write_signed(S value, C* buffer, unsigned int radix) {
   using U = std::make_unsigned_t<S>;
+  if (!writable_radix(radix)) {
+    *buffer = 0;
+    return buffer;
+  }
   C* out = buffer;
   U magnitude = static_cast<U>(value);
   if (value < 0) {
@@ -96,6 +106,10 @@ C* write_signed(S value, C* buffer, unsigned int radix) {
 
 template <typename U, typename C>
 C* write_unsigned(U value, C* buffer, unsigned int radix) {
+  if (!writable_radix(radix)) {
+    *buffer = 0;
+    return buffer;
+  }
   write_digits(value, buffer, radix);
   return buffer;
 }

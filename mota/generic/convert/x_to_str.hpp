@@ -19,7 +19,8 @@ namespace generic {
 namespace convert {
 
 // Each writes `value` in `radix` to `buffer`, "-" first for a negative value, followed by a
-// terminating zero, and returns `buffer`. The radix is not checked: it must be 2 to 36. The
+// terminating zero, and returns `buffer`. The radix must be 2 to 36; any other radix writes
+// only the terminating zero (the empty text) rather than crash or overrun the buffer. The
 // buffer must hold the text and its terminator: at most 66 elements (64 binary digits, a sign
 // and the zero) for the 64-bit forms, 34 for the 32-bit forms.
 MOTA_API char* ltoa(int value, char* buffer, unsigned int radix);

@@ -92,6 +92,17 @@ TEST(Ltoa, DecimalMatchesStandardRendering) {
   }
 }
 
+TEST(Ltoa, RadixWithoutDigitsWritesEmptyText) {
+  // 0 would divide by zero, 1 would loop for ever, 37 would read past the digit table.
+  for (unsigned int radix : {0u, 1u, 37u, 0xFFFFFFFFu}) {
+    SCOPED_TRACE(radix);
+    expect_text("", [&](auto* b) { return convert::ltoa(-5, b, radix); });
+    expect_text("", [&](auto* b) { return convert::ultoa(5u, b, radix); });
+    expect_text("", [&](auto* b) { return convert::lltoa(-5LL, b, radix); });
+    expect_text("", [&](auto* b) { return convert::ulltoa(5ULL, b, radix); });
+  }
+}
+
 TEST(ToStr, DecimalText) {
   EXPECT_EQ("-9223372036854775808", convert::to_str(LLONG_MIN));
   EXPECT_EQ("0", convert::to_str(0LL));
