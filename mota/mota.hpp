@@ -23,6 +23,11 @@
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
 #include <mota/generic/varg_list.hpp>
+#include <mota/i18n/catalog.hpp>
+#include <mota/i18n/format_value.hpp>
+#include <mota/i18n/message.hpp>
+#include <mota/i18n/message_catalogs.hpp>
+#include <mota/i18n/message_item.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/memory/shared_pointer.hpp>
 #include <mota/parser/xml_parser.hpp>

@@ -43,11 +43,12 @@ class MOTA_API absolute_unit {
   // truncated); any code outside 1 to 8 sets it to 0.0.
   void value(double v);
 
- protected:
+  // What type(), as_int32() and as_double() return; open to callers as well.
   virtual int do_type() const = 0;
   virtual int do_as_int32() const = 0;
   virtual double do_as_double() const = 0;
 
+ protected:
   // floor(v + 0.5) as an int, saturated at the int range (NaN gives 0).
   static int round_half_up(double v);
 
@@ -63,7 +64,6 @@ class basic_absolute_impl : public absolute_unit {
   // Any other length, re-read in this unit.
   basic_absolute_impl(absolute_unit const& other) : absolute_unit(other) {}  // NOLINT
 
- protected:
   int do_type() const override { return N; }
   // Rounded half up to a whole number.
   int do_as_int32() const override { return round_half_up(value()); }

@@ -14,6 +14,11 @@ TEST(AbsoluteUnit, InchesRoundTripThroughRawUnits) {
   EXPECT_EQ(1, inches.as_int32());
   EXPECT_DOUBLE_EQ(1.0, inches.as_double());
   EXPECT_EQ(5, inches.type());
+  // The virtual operations answer callers directly too, also through the base.
+  const absolute_unit& base = inches;
+  EXPECT_EQ(5, base.do_type());
+  EXPECT_EQ(1, base.do_as_int32());
+  EXPECT_DOUBLE_EQ(1.0, base.do_as_double());
 }
 
 // Reads the raw length of `raw` through unit code N.

@@ -53,7 +53,7 @@ class MOTA_API device_unit {
   float as_float() const { return do_as_float(); }
   double as_double() const { return do_as_double(); }
 
- protected:
+  // What type(), as_int32(), as_float() and as_double() return; open to callers as well.
   virtual int do_type() const;
   virtual int do_as_int32() const;
   virtual float do_as_float() const;

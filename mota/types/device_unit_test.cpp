@@ -25,6 +25,10 @@ TEST(DeviceUnit, ReadsCompareAndAssign) {
   EXPECT_EQ(1, u.type());
   EXPECT_FLOAT_EQ(7.0f, u.as_float());
   EXPECT_DOUBLE_EQ(7.0, u.as_double());
+  EXPECT_EQ(1, u.do_type());
+  EXPECT_EQ(7, u.do_as_int32());
+  EXPECT_FLOAT_EQ(7.0f, u.do_as_float());
+  EXPECT_DOUBLE_EQ(7.0, u.do_as_double());
   device_unit v;
   EXPECT_TRUE(u != v);
   v = u;

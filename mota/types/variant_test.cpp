@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cstdint>
 #include <limits>
 #include <new>
@@ -155,10 +156,10 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
       {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
        -2.9},
       {"double 0.5", variant(0.5), 0, 0, 0, 0, 0, 0, 0, 0, true, 0.5},
-      {"float 1234567", variant(1234567.0f), 1234567, -10617, -121, 1234567, 135, 54919, 1234567,
-       1234567, true, 1234567.0},
-      {"long double 1e10", variant(1e10L), 1410065408, -7168, 0, 10000000000LL, 0, 58368,
-       1410065408u, 10000000000u, true, 1e10},
+      {"float 1234.5", variant(1234.5f), 1234, 1234, -46, 1234, 210, 1234, 1234, 1234, true,
+       1234.5},
+      {"long double -1e4", variant(-1e4L), -10000, -10000, -16, -10000, 240, 55536, 4294957296u,
+       u64max - 9999, true, -1e4},
       // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
       {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
       {"text -1", variant("-1"), -1, -1, -1, -1, 0, 0, 0, 0, true, -1.0},
@@ -191,6 +192,62 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
     EXPECT_DOUBLE_EQ(r.d, v.as_double());
     EXPECT_FLOAT_EQ(static_cast<float>(r.d), v.as_float());
     EXPECT_DOUBLE_EQ(r.d, static_cast<double>(v.as_long_double()));
+  }
+}
+
+// Floating values beyond a target's range convert as the x86 instructions do: the register's
+// minimum for NaN and overflow, then the low bits. Narrow signed results go through 16 bits on
+// the x87 unit (always for long double) and through 32 bits otherwise.
+TEST(Variant, FloatingBeyondTheRangeConvertsLikeTheProcessor) {
+  constexpr bool x87 = FLT_EVAL_METHOD == 2;
+  constexpr int int_min = std::numeric_limits<int>::min();
+  constexpr long long ll_min = std::numeric_limits<long long>::min();
+  constexpr unsigned long long top_bit = 1ULL << 63;
+  // A short from a value beyond the int range.
+  constexpr short wide_short = x87 ? -32768 : 0;
+  struct row {
+    const char* label;
+    variant value;
+    int i;
+    short s;
+    std::int8_t i8;
+    std::uint8_t u8;
+    std::uint16_t u16;
+    std::uint32_t u32;
+    std::int64_t i64;
+    std::uint64_t u64;
+  };
+  const row rows[] = {
+      {"1e10", variant(1e10), int_min, wide_short, 0, 0, 0, 1410065408u, 10000000000LL,
+       10000000000ULL},
+      {"-3e9", variant(-3e9), int_min, wide_short, 0, 0, 0, 1294967296u, -3000000000LL,
+       18446744070709551616ULL},
+      {"40000", variant(40000.0), 40000, x87 ? -32768 : -25536, x87 ? 0 : 64, x87 ? 0 : 64, 40000,
+       40000u, 40000, 40000u},
+      {"float 3e9", variant(3e9f), int_min, wide_short, 0, 0, 0, 3000000000u, 3000000000LL,
+       3000000000ULL},
+      {"long double 40000", variant(40000.0L), 40000, -32768, 0, 0, 40000, 40000u, 40000, 40000u},
+      {"1.5e19", variant(1.5e19), int_min, wide_short, 0, 0, 0, 0u, ll_min,
+       15000000000000000000ULL},
+      {"1e20", variant(1e20), int_min, wide_short, 0, 0, 0, 0u, ll_min, 0u},
+      {"-1e20", variant(-1e20L), int_min, -32768, 0, 0, 0, 0u, ll_min, top_bit},
+      {"NaN", variant(std::numeric_limits<double>::quiet_NaN()), int_min, wide_short, 0, 0, 0, 0u,
+       ll_min, top_bit},
+  };
+  for (const row& r : rows) {
+    SCOPED_TRACE(r.label);
+    const variant& v = r.value;
+    EXPECT_EQ(r.i, v.as_int());
+    EXPECT_EQ(r.i, v.as_int32());
+    EXPECT_EQ(r.i, v.as_long());
+    EXPECT_EQ(r.s, v.as_short());
+    EXPECT_EQ(r.s, v.as_int16());
+    EXPECT_EQ(r.i8, v.as_int8());
+    EXPECT_EQ(r.u8, v.as_uint8());
+    EXPECT_EQ(r.u16, v.as_uint16());
+    EXPECT_EQ(r.u32, v.as_uint32());
+    EXPECT_EQ(r.i64, v.as_int64());
+    EXPECT_EQ(r.u64, v.as_uint64());
   }
 }
 

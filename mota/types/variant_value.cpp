@@ -8,6 +8,7 @@
 #include <mota/types/radix.hpp>
 
 #include <cctype>
+#include <cfloat>
 #include <climits>
 #include <cstddef>
 #include <limits>
@@ -40,18 +41,40 @@ unsigned int parse_size(S const& text) {
   return text.size() > UINT_MAX ? UINT_MAX : static_cast<unsigned int>(text.size());
 }
 
-// Truncation toward zero without undefined behaviour: values beyond the 64-bit range (and
-// NaN) give what the x86 conversion instruction gives, the integer indefinite value.
+// Floating values convert as the x86 conversion instructions do, without undefined behaviour:
+// truncation toward zero into a signed register of 16 (x87 only), 32 or 64 bits, where NaN and
+// values outside that register's range give its minimum (the "integer indefinite" value);
+// narrower results then keep the low bits. float_to_integer picks the register width a compiler
+// uses for each target type.
+template <class I, class F>
+I truncate_into(F value) {
+  constexpr long double low = static_cast<long double>(std::numeric_limits<I>::min());
+  const long double wide = value;
+  if (wide > low - 1 && wide < -low) return static_cast<I>(value);
+  return std::numeric_limits<I>::min();
+}
+
+// True when the conversion runs on the x87 unit (long double always; every floating type where
+// floating arithmetic is evaluated in long double), which also converts into 16 bits.
+template <class F>
+constexpr bool converts_on_x87 = std::is_same_v<F, long double> || FLT_EVAL_METHOD == 2;
+
 template <class R, class F>
 R float_to_integer(F value) {
-  constexpr F two_63 = static_cast<F>(9223372036854775808.0L);
-  if (value > -two_63 - 1 && value < two_63) {
-    return static_cast<R>(static_cast<long long>(value));
+  if constexpr (std::is_unsigned_v<R> && sizeof(R) == sizeof(long long)) {
+    // Values from 2^63 on are converted after subtracting 2^63, whose bit is then put back.
+    constexpr F two_63 = static_cast<F>(9223372036854775808.0L);
+    if (!(value >= two_63)) return static_cast<R>(truncate_into<long long>(value));
+    return static_cast<R>(truncate_into<long long>(value - two_63)) ^ (R(1) << 63);
+  } else if constexpr (sizeof(R) == sizeof(long long) || std::is_same_v<R, std::uint32_t>) {
+    // 32-bit unsigned results take the low half of the 64-bit conversion.
+    return static_cast<R>(truncate_into<long long>(value));
+  } else if constexpr (sizeof(R) <= sizeof(short) && converts_on_x87<F> &&
+                       !std::is_same_v<R, std::uint16_t>) {
+    return static_cast<R>(truncate_into<short>(value));
+  } else {
+    return static_cast<R>(truncate_into<int>(value));
   }
-  if constexpr (std::is_same_v<R, unsigned long long>) {
-    if (value >= two_63 && value < two_63 * 2) return static_cast<R>(value);
-  }
-  return static_cast<R>(std::numeric_limits<long long>::min());
 }
 
 template <class R, class T, class Parse>

@@ -1,0 +1,146 @@
+// Not part of the public interface.
+//
+// Reads one XMC message-catalog file, follows its includes, keeps the catalog sections whose
+// language suits the requested locale and picks, message by message, the best language
+// variant. message_catalogs merges the result with combine_data. The class is exported
+// because message_catalogs' result type and the loader's own tests use it directly.
+//
+//   xmc_file_loader loader;
+//   xmc_file_loader::load_error e = loader.parse("app.xmc", "de_DE");
+//   if (e.type == xmc_file_loader::no_error) loader.combine_data(catalogs);
+#ifndef MOTA_I18N_PRIVATE_XMC_FILE_LOADER_HPP
+#define MOTA_I18N_PRIVATE_XMC_FILE_LOADER_HPP
+
+#include <mota/export.hpp>
+#include <mota/i18n/catalog.hpp>
+#include <mota/i18n/message.hpp>
+#include <mota/memory/shared_pointer.hpp>
+#include <mota/parser/xml_parser.hpp>
+#include <mota/strings/ustring.hpp>
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+namespace MOTA_2_18 {
+namespace i18n {
+namespace _private {
+
+class xmc_token_reader;
+
+class MOTA_API xmc_file_loader {
+ public:
+  enum error_type : std::int32_t {
+    no_error = 0,
+    no_catalog_loaded = 1,
+    default_locale_not_supported = 2,
+    file_not_found = 3,
+    xml_parse_error = 4,
+    invalid_attribute = 5,
+    invalid_element = 6,
+    not_xmc_file = 7,
+    unsupported_version = 8,
+    br_end_tag_missing = 9,
+    msg_end_tag_missing = 10,
+    arg_end_tag_missing = 11,
+    include_end_tag_missing = 12,
+    catalog_end_tag_missing = 13,
+    unexpected_parse_error = 14
+  };
+
+  // A load failure: its kind and the fully worded message, to which context lines are
+  // appended as the error travels outwards (innermost first).
+  class MOTA_API load_error {
+   public:
+    enum append_type : std::int32_t { in_message = 1, in_catalog = 2, in_file = 3, at_line = 4 };
+
+    load_error() : type(no_error), message(format_msg(no_error, strings::ustring8())) {}
+    load_error(error_type kind, const strings::ustring8& detail);
+    load_error(error_type kind, const parser::xml_parser::parse_error& error);
+    load_error(const load_error&) = default;
+    load_error& operator=(const load_error&) = default;
+    ~load_error() = default;
+
+    // Appends one context line: "\n in message element: \"text\"", "\n in catalog element:
+    // \"text\"", "\n in file: \"text\"" or "\n at line: \"text\"".
+    void append_error_stack(append_type where, const strings::ustring8& text);
+
+    // The message of a kind with its detail text.
+    static strings::ustring8 format_msg(error_type kind, const strings::ustring8& detail);
+    // The message of an XML parse error, with its line.
+    static strings::ustring8 format_msg(const parser::xml_parser::parse_error& error);
+
+    error_type type;
+    strings::ustring8 message;
+  };
+
+  using message_map = std::map<strings::ustring8, message_t>;
+  using data_map = std::map<strings::ustring8, message_map>;
+  using catalog_map = std::map<strings::ustring8, memory::pointers::shared_pointer<catalog_t>>;
+
+  // Includes nested deeper than this are refused.
+  static constexpr unsigned int max_include_depth = 32;
+
+  xmc_file_loader();
+  ~xmc_file_loader();
+  xmc_file_loader(const xmc_file_loader&) = delete;
+  xmc_file_loader& operator=(const xmc_file_loader&) = delete;
+
+  // Back to the initial state: no languages, no data, base directory "./", no catalog id.
+  void reset();
+
+  // Each parse returns the outcome (kind 0 on success) and never throws a load_error.
+  // With the language list of an empty locale.
+  load_error parse(const strings::ustring8& file);
+  // An empty `lang` gives default_locale_not_supported without reading the file.
+  load_error parse(const strings::ustring8& file, const strings::ustring8& lang);
+  // Keeps only catalogs named `catalog_id` (none when it is empty).
+  load_error parse(const strings::ustring8& file, const strings::ustring8& lang,
+                   const strings::ustring8& catalog_id);
+  // Reads one file: file_not_found when it does not exist or cannot be read.
+  load_error parse_file(const strings::ustring8& path);
+  // Reads XMC content; `file` names it in the error trail and its includes resolve against
+  // the current base directory.
+  load_error parse_string(const strings::ustring8& content, const strings::ustring8& file);
+
+  bool is_cat_id_set() const { return !m_catalog_id.empty(); }
+  bool is_catalog_matched(const strings::ustring8& name) const;
+  bool is_lang_id_good(const strings::ustring8& lang) const;
+  // 1-based position of the normalised locale in the language list (larger is more
+  // specific); 0 when it is not wanted.
+  std::uint32_t get_locale_weight(const strings::ustring8& locale) const;
+  // Appends the fall-back entries "." and "en", then the locale's prefixes: de-DE.UTF-8 adds
+  // de, de_DE, de_DE_UTF, de_DE_UTF_8.
+  void handle_language(const strings::ustring8& lang);
+
+  // Stores a message read in this load: the first of two equally weighted variants wins.
+  void set_message(const message_t& message, const strings::ustring8& catalog);
+  // Merges the loaded messages into `catalogs`: a message already there is replaced unless
+  // its locale weighs strictly more than the new one.
+  void combine_data(catalog_map& catalogs) const;
+  // The same merge, moving the messages out of this loader (its data is left empty).
+  void move_data(catalog_map& catalogs);
+
+  const std::vector<strings::ustring8>& languages() const { return m_languages; }
+  const data_map& data() const { return m_data; }
+  const strings::ustring8& base_directory() const { return m_base_directory; }
+
+ private:
+  friend class xmc_token_reader;
+
+  // set_message for a message the caller no longer needs.
+  void store_message(message_t&& message, const strings::ustring8& catalog);
+
+  std::vector<strings::ustring8> m_languages;
+  data_map m_data;
+  strings::ustring8 m_base_directory;
+  strings::ustring8 m_catalog_id;
+  // The files being read, outermost first, to refuse include cycles.
+  std::vector<strings::ustring8> m_open_files;
+};
+
+}  // namespace _private
+}  // namespace i18n
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_I18N_PRIVATE_XMC_FILE_LOADER_HPP

@@ -1,0 +1,252 @@
+#include <mota/i18n/_private/value_formatters.hpp>
+#include <mota/i18n/format_value.hpp>
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <string>
+
+namespace i18n = mota::i18n;
+namespace priv = mota::i18n::_private;
+using mota::i18n::message_item;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+namespace {
+
+// Builds a specification from alternating keys and values.
+ustring8 spec(std::initializer_list<const char*> parts) {
+  ustring8 out;
+  bool first = true;
+  for (const char* part : parts) {
+    if (!first) out.push_back('\x01');
+    out.append(part);
+    first = false;
+  }
+  return out;
+}
+
+}  // namespace
+
+TEST(Thousands, PrefixTable) {
+  const struct {
+    const char* prefix;
+    int power;
+  } cases[] = {{"", 0},          {"b", 0},        {"ba", 0},    {"bas", 0},   {"base", 0},
+               {"bases", -1000}, {"B", -1000},    {"k", 1},     {"M", 2},     {"G", 3},
+               {"T", 4},         {"P", 5},        {"E", 6},     {"Z", 7},     {"Y", 8},
+               {"m", -1},        {"mc", -2},      {"n", -3},    {"p", -4},    {"f", -5},
+               {"a", -6},        {"kilo", -1000}, {"K", -1000}, {"u", -1000}, {"mm", -1000}};
+  for (const auto& c : cases)
+    EXPECT_EQ(c.power, priv::thousands(c.prefix)) << c.prefix;
+}
+
+TEST(MemPrefixIndex, UnitTable) {
+  const struct {
+    const char* unit;
+    int power;
+  } cases[] = {{"B", 0},  {"KB", 1},  {"MB", 2},  {"GB", 3},  {"TB", 4},  {"PB", 5},
+               {"EB", 6}, {"ZB", 7},  {"YB", 8},  {"kB", -1}, {"KBx", 1}, {"", -1},
+               {"K", -1}, {"BB", -1}, {"Bx", -1}, {" B", -1}, {"XB", -1}};
+  for (const auto& c : cases)
+    EXPECT_EQ(c.power, priv::mem_prefix_index(c.unit)) << c.unit;
+  EXPECT_EQ(-1, priv::mem_prefix_index(ustring8(std::string("\0B", 2))));
+}
+
+TEST(FormatDouble, PrecisionAndFieldSize) {
+  const std::string cut63 = std::string(62, ' ') + "1";
+  const struct {
+    double value;
+    ustring8 format;
+    const char* expected;
+  } cases[] = {
+      {3.14159, "", "3.14"},
+      {3.14159, spec({"precision", "3"}), "3.142"},
+      {2.6, spec({"precision", "0"}), "3"},
+      {-1234.5, "", "-1234.50"},
+      {3.14159, spec({"fieldsize", "8"}), "    3.14"},
+      {3.14159, spec({"fieldsize", "4"}), "3.14"},
+      // fixed form too wide: exponent form, right-aligned
+      {123456789.0, spec({"fieldsize", "9"}), " 1.23e+08"},
+      // even the exponent form is too wide: cut to the field
+      {12345.678, spec({"fieldsize", "4"}), "1.23"},
+      {12345.678, spec({"precision", "1", "fieldsize", "10"}), "   12345.7"},
+      {-0.4, spec({"precision", "0"}), "-0"},
+      {0.125, spec({"precision", "2"}), "0.12"},  // exact binary halves round to even
+      // the exponent form goes through 64 bytes: its padding is cut at 63 characters
+      {1e80, spec({"fieldsize", "70"}), cut63.c_str()},
+      // negative values clamp to 0
+      {2.25, spec({"precision", "-3"}), "2"},
+      {2.25, spec({"fieldsize", "-3"}), "2.25"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.expected, priv::format_double(c.value, c.format));
+}
+
+TEST(FormatDouble, HugeFieldSizeAndPrecisionAreBounded) {
+  EXPECT_EQ(1024u, priv::format_double(1.0, spec({"fieldsize", "99999999999"})).size());
+  ustring8 text = priv::format_double(1.0, spec({"precision", "100000"}));
+  EXPECT_EQ(342u, text.size());  // "1." and 340 digits
+}
+
+TEST(FormatInt, RadixGroupingAndPadding) {
+  const struct {
+    long long value;
+    ustring8 format;
+    const char* expected;
+  } cases[] = {
+      {42, "", "42"},
+      {-42, "", "-42"},
+      {255, spec({"hex", "true"}), "0xff"},
+      {-255, spec({"hex", "true"}), "-0xff"},
+      {8, spec({"oct", "1"}), "o10"},
+      {5, spec({"bin", "yes"}), "b101"},
+      {255, spec({"hex", "false"}), "255"},
+      {255, spec({"hex", ""}), "255"},
+      {255, "hex", "255"},  // a bare key without value changes nothing
+      {255, spec({"oct", "true", "hex", "true"}), "o377"},
+      {1234567, spec({"spaced_dec", "true"}), "1 234 567"},
+      {123, spec({"spaced_dec", "true"}), "123"},
+      {1000, spec({"spaced_dec", "true"}), "1 000"},
+      {-123456, spec({"spaced_dec", "true"}), "-123 456"},
+      {255, spec({"hex", "true", "spaced_dec", "true"}), "0xff"},
+      {255, spec({"fieldsize", "6", "hex", "true"}), "  0xff"},
+      {-7, spec({"fieldsize", "4"}), "  -7"},
+      {12345, spec({"fieldsize", "2"}), "12345"},
+      {1234, spec({"fieldsize", "7", "spaced_dec", "1"}), "  1 234"},
+      {255, spec({"@default", "hex"}), "0xff"},
+      {9, spec({"@default", "bin", "oct", "true"}), "o11"},
+      {12345, spec({"@default", "spaced_dec"}), "12 345"},
+      {12345, spec({"@default", "dec"}), "12345"},
+      {LLONG_MIN, "", "-9223372036854775808"},
+      {LLONG_MIN, spec({"hex", "true"}), "-0x8000000000000000"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.expected, priv::format_int(c.value, c.format));
+}
+
+TEST(FormatDuration, LongAndShortUnits) {
+  const ustring8 short_form = spec({"short_form", "true"});
+  const struct {
+    double seconds;
+    ustring8 format;
+    const char* expected;
+  } cases[] = {
+      {90061, "", "1 dy 1 hr 1 min 1.00 sec"},
+      {90061, short_form, "1d 1h 1m 1.00s"},
+      {90061, spec({"short_form", "false"}), "1 dy 1 hr 1 min 1.00 sec"},
+      {59.5, "", "59.50 sec"},
+      {59.5, short_form, "59.50s"},
+      {86400, "", "1 dy 0 hr 0 min 0.00 sec"},
+      {3600, short_form, "1h 0m 0.00s"},
+      {60, "", "1 min 0.00 sec"},
+      {61.25, spec({"prec", "1"}), "1 min 1.2 sec"},
+      {61.25, spec({"prec", "0", "short_form", "true"}), "1m 1s"},
+      // only "prec" steers the seconds
+      {61.25, spec({"precision", "0"}), "1 min 1.25 sec"},
+      {-90061, short_form, "-1d -1h -1m -1.00s"},
+      {-3600.5, short_form, "-1h 0m -0.50s"},
+      {0, "", "0.00 sec"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.expected, priv::format_duration(c.seconds, c.format));
+}
+
+TEST(FormatDuration, HugeAndNonFiniteValuesDoNotCrash) {
+  EXPECT_EQ("nan sec", priv::format_duration(std::nan(""), ""));
+  ustring8 huge = priv::format_duration(1e35, spec({"short_form", "true"}));
+  EXPECT_EQ("11574074074", huge.substr(0, 11));
+  EXPECT_EQ('s', huge.back());
+  EXPECT_EQ("infd ", priv::format_duration(HUGE_VAL, spec({"short_form", "true"})).substr(0, 5));
+}
+
+TEST(FormatMemory, ScalesBy1024AndPicksUnit) {
+  const struct {
+    variant value;
+    ustring8 format;
+    const char* number;
+    const char* unit;
+  } cases[] = {
+      {variant(1536), "", "1.50", "KB"},
+      {variant(512), "", "512", "B"},
+      {variant(0), "", "0", "B"},
+      {variant(-1536), "", "-1.50", "KB"},
+      {variant(1048575), "", "1.00", "MB"},  // rounds up into the next unit
+      {variant(3.0 * 1024 * 1024 * 1024), "", "3.00", "GB"},
+      {variant(1536), spec({"precision", "1"}), "1.5", "KB"},
+      {variant(1536), spec({"fieldsize", "7"}), "   1.50", "KB"},
+      {variant(1536), spec({"target_unit", "any"}), "1.50", "KB"},
+      {variant(1), spec({"base_unit", "KB", "target_unit", "MB"}), "0.00", "MB"},
+      {variant(2), spec({"base_unit", "MB", "target_unit", "B"}), "2097152", "B"},
+      {variant(2), spec({"base_unit", "GB"}), "2.00", "GB"},
+      {variant(512), spec({"target_unit", "B", "precision", "3"}), "512.000", "B"},
+      {variant(ustring8("2048")), "", "2.00", "KB"},
+      {variant(1536), spec({"base_unit", "kB"}), "-0", "-0"},
+      {variant(1536), spec({"target_unit", "XB"}), "-0", "-0"},
+  };
+  for (const auto& c : cases) {
+    ustring8 unit = "untouched";
+    EXPECT_EQ(c.number, priv::format_memory(c.value, c.format, unit)) << c.number;
+    EXPECT_EQ(c.unit, unit) << c.number;
+  }
+}
+
+TEST(FormatMetric, ScalesBy1000WithShortOrLongPrefix) {
+  const ustring8 short_form = spec({"short_form", "true"});
+  const struct {
+    variant value;
+    ustring8 format;
+    const char* number;
+    const char* unit;
+  } cases[] = {
+      {variant(1500), "", "1.50", "kilo"},
+      {variant(1500), short_form, "1.50", "k"},
+      {variant(0.002), "", "2.00", "milli"},
+      {variant(0.0000025), short_form, "2.50", "mc"},
+      {variant(0.0000025), "", "2.50", "micro"},
+      {variant(999.999), "", "1.00", "kilo"},
+      {variant(12), "", "12.00", ""},
+      {variant(0), "", "0.00", ""},
+      {variant(1e-30), "", "0.00", "atto"},
+      {variant(3e27), short_form, "3000.00", "Y"},
+      {variant(1.5), spec({"base_unit", "k", "target_unit", ""}), "1500.00", ""},
+      {variant(2500000), spec({"base_unit", "base", "target_unit", "M"}), "2.50", "mega"},
+      {variant(5), spec({"target_unit", "n", "precision", "0"}), "5000000000", "nano"},
+      {variant(5), spec({"target_unit", "kilo"}), "-0", "-0"},
+      {variant(5), spec({"base_unit", "x"}), "-0", "-0"},
+  };
+  for (const auto& c : cases) {
+    ustring8 unit = "untouched";
+    EXPECT_EQ(c.number, priv::format_metric(c.value, c.format, unit)) << c.number;
+    EXPECT_EQ(c.unit, unit) << c.number;
+  }
+}
+
+TEST(FormatValue, DispatchesByKindAndDropsTheName) {
+  const struct {
+    message_item::type_t type;
+    variant value;
+    ustring8 format;
+    const char* expected;
+  } cases[] = {
+      {message_item::int_, variant(255), spec({"n", "hex", "true"}), "0xff"},
+      {message_item::int_, variant(255), "hex", "255"},  // bare name: no specification
+      {message_item::int_, variant(ustring8("77")), "n", "77"},
+      {message_item::double_, variant(3.14159), spec({"pi", "precision", "3"}), "3.142"},
+      {message_item::memory, variant(1536), spec({"m", "precision", "1"}), "1.5"},
+      {message_item::memory_unit, variant(1536), spec({"m", "precision", "1"}), "KB"},
+      {message_item::metric, variant(1500), spec({"d", "short_form", "true"}), "1.50"},
+      {message_item::metric_unit, variant(1500), spec({"d", "short_form", "true"}), "k"},
+      {message_item::duration, variant(90061), spec({"t", "short_form", "true"}), "1d 1h 1m 1.00s"},
+      {message_item::text, variant(1), "n", ""},
+      {message_item::string, variant(1), "n", ""},
+      {message_item::number, variant(1), "n", ""},
+      {message_item::time, variant(1), "n", ""},
+      {message_item::date, variant(1), "n", ""},
+      {static_cast<message_item::type_t>(12), variant(1), "n", ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.expected, i18n::format_value(c.type, c.value, c.format)) << c.type;
+  }
+}

@@ -1,0 +1,297 @@
+#include <mota/i18n/message_catalogs.hpp>
+
+#include <mota_test.hpp>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+using mota::generic::varg_list;
+using mota::i18n::message_catalogs;
+using mota::i18n::_private::xmc_file_loader;
+using mota::strings::ustring16;
+using mota::strings::ustring32;
+using mota::strings::ustring8;
+using mota::types::variant;
+using result_type = message_catalogs::result_type;
+
+namespace {
+
+const std::string kHead = "message_catalogs::result_type - ";
+
+std::string data_dir() {
+  return mota_test::source_dir() + "/mota/i18n/testdata/";
+}
+
+ustring16 u16(const std::string& ascii) {
+  return ustring16(ascii.begin(), ascii.end());
+}
+ustring32 u32(const std::string& ascii) {
+  return ustring32(ascii.begin(), ascii.end());
+}
+
+void write(const std::string& path, const std::string& content) {
+  std::ofstream(path) << content;
+}
+
+std::string xmc(const std::string& body) {
+  return "<?xml version=\"1.0\"?>\n<xmc version=\"1.0\">" + body + "</xmc>";
+}
+
+}  // namespace
+
+TEST(MessageCatalogsResult, MessagesByKind) {
+  const struct {
+    int kind;
+    std::string expected;
+  } cases[] = {
+      {0, kHead + "No Error"},
+      {1, kHead + "No catalog was loaded in file: \"d\""},
+      {3, kHead + "File \"d\" was not found on disk"},
+      {4, kHead + "Directory \"d\" was not found on disk"},
+      {5, kHead + "Entity (file or directory) \"d\" was not found on disk"},
+      {2, std::string("< ") + typeid(message_catalogs::error_type).name() +
+              " value of 2 >\n unknown, or unhandle case happened!  str data=d"},
+  };
+  for (const auto& c : cases) {
+    result_type r(static_cast<message_catalogs::error_type>(c.kind), "d");
+    EXPECT_EQ(c.kind, r.type);
+    EXPECT_EQ(c.expected, r.message);
+    std::ostringstream out;
+    out << r;
+    EXPECT_EQ(c.expected, out.str());
+  }
+}
+
+TEST(MessageCatalogsResult, HeadlinesForLoaderErrors) {
+  const std::string loader = "xmc_file_loader::load_error - ";
+  const struct {
+    int kind;
+    const char* headline;
+  } cases[] = {
+      {0, "No Error\n "},
+      {1, "No catalog was loaded\n "},
+      {2, "Default locale lookup not supported yet\n "},
+      {3, "File was not found on disk\n "},
+      {4, "XML parse error, XML file not well formed\n "},
+      {5, "XMC file is not valid\n "},
+      {9, "XMC file is not valid\n "},
+      {13, "XMC file is not valid\n "},
+      {14, "Unexpected error happened during loading\n "},
+      {15, "Unhandled case\n "},
+  };
+  for (const auto& c : cases) {
+    xmc_file_loader::load_error e(static_cast<xmc_file_loader::error_type>(c.kind), "x");
+    result_type r(e);
+    EXPECT_EQ(c.kind, r.type);
+    EXPECT_EQ(kHead + c.headline + e.message, r.message);
+  }
+}
+
+TEST(MessageCatalogs, LoadFileAndLookUp) {
+  message_catalogs cats;
+  EXPECT_TRUE(cats == mota::types::nil);
+  result_type r = cats.load(data_dir() + "catalogs/app.xmc", "de_DE");
+  EXPECT_EQ(0, r.type);
+  EXPECT_EQ(kHead + "No Error\n xmc_file_loader::load_error - No Error", r.message);
+  EXPECT_TRUE(cats != mota::types::nil);
+  EXPECT_EQ(4u, cats.size());
+  EXPECT_EQ(4u, cats.count());
+  EXPECT_EQ(7u, cats.size("app"));
+  EXPECT_EQ(7u, cats.count(u16("app")));
+  EXPECT_EQ(0u, cats.size(u32("nope")));
+
+  varg_list args;
+  args.push_back("who", variant(ustring8("Welt")));
+  EXPECT_EQ("Guten Tag, Welt!", cats.message("app", "hello").as_string(args));
+  EXPECT_EQ("Guten Tag, Welt!", cats.message(u16("app"), u16("hello")).as_string(args));
+  EXPECT_EQ("Guten Tag, Welt!", cats.message(u32("app"), u32("hello")).as_string(args));
+  EXPECT_TRUE(cats.has_message("app", "only_en"));
+  EXPECT_TRUE(cats.has_message(u16("app"), u16("only_de")));
+  EXPECT_FALSE(cats.has_message(u32("app"), u32("only_fr")));
+  EXPECT_FALSE(cats.has_message("nope", "hello"));
+  EXPECT_EQ(&message_catalogs::s_nil_message, &cats.message("nope", "hello"));
+  EXPECT_TRUE(cats.message("nope", "hello") == mota::types::nil);
+  EXPECT_TRUE(cats.message("app", "nope") == mota::types::nil);
+
+  EXPECT_TRUE(cats.has_catalog("app"));
+  EXPECT_TRUE(cats.has_catalog(u16("extra")));
+  EXPECT_FALSE(cats.has_catalog(u32("nolang")));
+  EXPECT_EQ(&message_catalogs::s_nil_catalog, &cats.catalog("nolang"));
+  EXPECT_EQ("more", cats.catalog(u16("more")).name());
+  EXPECT_EQ("units", cats.catalog(u32("units")).name());
+
+  std::vector<std::string> names;
+  for (const auto& entry : cats)
+    names.push_back(entry.first);
+  EXPECT_EQ((std::vector<std::string>{"app", "extra", "more", "units"}), names);
+  std::size_t messages = 0;
+  for (auto it = cats.begin("app"); it != cats.end("app"); ++it)
+    ++messages;
+  EXPECT_EQ(7u, messages);
+  EXPECT_EQ(cats.begin(u16("none")), cats.end(u32("none")));
+}
+
+TEST(MessageCatalogs, HasCatalogForLocale) {
+  message_catalogs cats;
+  ASSERT_EQ(0, cats.load(data_dir() + "catalogs/app.xmc", "de-DE").type);
+  EXPECT_TRUE(cats.has_catalog("app", "de_DE"));
+  EXPECT_TRUE(cats.has_catalog("app", "de-DE"));  // normalised like the loader does
+  EXPECT_TRUE(cats.has_catalog(u16("app"), u16("de.DE")));
+  EXPECT_TRUE(cats.has_catalog(u32("app"), u32("en")));
+  EXPECT_TRUE(cats.has_catalog("units", "."));
+  EXPECT_FALSE(cats.has_catalog("app", "fr"));
+  EXPECT_FALSE(cats.has_catalog("nope", "en"));
+
+  // the set holds locales as written: a file that writes de-AT never matches
+  mota_test::temp_dir tmp;
+  write(tmp / "at.xmc",
+        xmc("<catalog name=\"at\" lang=\"de-AT\"><msg name=\"m\">x</msg></catalog>"));
+  ASSERT_EQ(0, cats.load(tmp / "at.xmc", "de_AT").type);
+  EXPECT_TRUE(cats.has_catalog("at"));
+  EXPECT_FALSE(cats.has_catalog("at", "de-AT"));
+  EXPECT_FALSE(cats.has_catalog("at", "de_AT"));
+}
+
+TEST(MessageCatalogs, LoadResultsForMissingAndEmptyLoads) {
+  message_catalogs cats;
+  const std::string missing = data_dir() + "no_such_entry";
+  result_type r = cats.load(missing, "en");
+  EXPECT_EQ(5, r.type);
+  EXPECT_EQ(kHead + "Entity (file or directory) \"" + missing + "\" was not found on disk",
+            r.message);
+  r = cats.load_directory(missing, "en");
+  EXPECT_EQ(4, r.type);
+  EXPECT_EQ(kHead + "Directory \"" + missing + "\" was not found on disk", r.message);
+  r = cats.load_file(missing, "en");
+  EXPECT_EQ(3, r.type);
+  EXPECT_EQ(kHead + "File was not found on disk\n xmc_file_loader::load_error - File \"" + missing +
+                "\" was not found on disk",
+            r.message);
+
+  // every section filtered out: kind 1 while nothing is held, kind 0 afterwards
+  const std::string file = data_dir() + "dir/nested/c.xml";  // lang de only
+  r = cats.load(file, "fr");
+  EXPECT_EQ(0u, cats.size());
+  EXPECT_EQ(1, r.type);
+  EXPECT_EQ(kHead + "No catalog was loaded in file: \"" + file + "\"", r.message);
+  ASSERT_EQ(0, cats.load(data_dir() + "dir/a.xmc", "fr").type);  // en is always acceptable
+  EXPECT_EQ(0, cats.load(file, "fr").type);
+  EXPECT_EQ(1u, cats.size());
+
+  r = cats.load_file(file, "");
+  EXPECT_EQ(2, r.type);
+  EXPECT_EQ(kHead +
+                "Default locale lookup not supported yet\n xmc_file_loader::load_error - Default "
+                "locale lookup not supported yet",
+            r.message);
+}
+
+TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnly) {
+  message_catalogs cats;
+  result_type r = cats.load(data_dir() + "dir", "de");
+  EXPECT_EQ(0, r.type) << r.message;
+  EXPECT_TRUE(cats.has_catalog("a"));
+  EXPECT_TRUE(cats.has_catalog("b"));  // B.XMC: the suffix test ignores case
+  EXPECT_TRUE(cats.has_catalog("c"));  // nested/c.xml
+  EXPECT_EQ(3u, cats.size());          // notes.txt was skipped
+
+  message_catalogs wide;
+  EXPECT_EQ(0, wide.load_directory(u16(data_dir() + "dir"), u16("en"), u16("b")).type);
+  EXPECT_EQ(1u, wide.size());
+  EXPECT_TRUE(wide.has_catalog("b"));
+  message_catalogs wide32;
+  EXPECT_EQ(0, wide32.load(u32(data_dir() + "dir"), u32("en")).type);
+  EXPECT_EQ(2u, wide32.size());
+}
+
+TEST(MessageCatalogs, FailureStopsTheWalkAndKeepsEarlierCatalogs) {
+  mota_test::temp_dir tmp;
+  write(tmp / "good.xmc",
+        xmc("<catalog name=\"good\" lang=\"en\"><msg name=\"m\">ok</msg></catalog>"));
+  write(tmp / "bad.xmc", xmc("<catalog name=\"bad\" lang=\"en\"><oops/></catalog>"));
+  write(tmp / "later.xmc",
+        xmc("<catalog name=\"later\" lang=\"en\"><msg name=\"m\">x</msg></catalog>"));
+
+  message_catalogs cats;
+  std::vector<std::string> paths{tmp / "good.xmc", tmp / "bad.xmc", tmp / "later.xmc"};
+  result_type r = cats.load(paths, "en");
+  EXPECT_EQ(13, r.type);
+  EXPECT_EQ(
+      kHead +
+          "XMC file is not valid\n xmc_file_loader::load_error - Expected catalog end tag not "
+          "found for catalog \"bad\"\n in file: \"" +
+          tmp / "bad.xmc" + "\"",
+      r.message);
+  EXPECT_TRUE(cats.has_catalog("good"));
+  EXPECT_FALSE(cats.has_catalog("bad"));
+  EXPECT_FALSE(cats.has_catalog("later"));
+
+  message_catalogs dir_cats;
+  r = dir_cats.load_directory(tmp.str(), "en");
+  EXPECT_EQ(13, r.type);
+  EXPECT_FALSE(dir_cats.has_catalog("bad"));
+
+  std::vector<std::string> with_missing{tmp / "good.xmc", tmp / "gone.xmc"};
+  r = message_catalogs().load(with_missing, "en");
+  EXPECT_EQ(5, r.type);
+  EXPECT_EQ(kHead + "Entity (file or directory) \"" + tmp / "gone.xmc" + "\" was not found on disk",
+            r.message);
+
+  const std::string later = tmp / "later.xmc";
+  std::vector<std::wstring> wide{std::wstring(later.begin(), later.end())};
+  message_catalogs w;
+  EXPECT_EQ(0, w.load(wide, ustring32(L"en"), ustring32(L"later")).type);
+  EXPECT_TRUE(w.has_catalog("later"));
+  std::vector<ustring16> paths16{u16(tmp / "good.xmc")};
+  EXPECT_EQ(0, w.load(paths16, u16("en")).type);
+  EXPECT_EQ(2u, w.size());
+}
+
+TEST(MessageCatalogs, LaterFilesOfEqualWeightReplaceMessages) {
+  message_catalogs cats;
+  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/first_wins.xmc", "de").type);
+  varg_list none;
+  EXPECT_EQ("first", cats.message("dup", "m").as_string(none));
+  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/later.xmc", "de").type);
+  EXPECT_EQ("later file", cats.message("dup", "m").as_string(none));
+  // weights are those of the new load's locale: for en, the stored de variant weighs 0
+  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/later.xmc", "en", "dup").type);
+  EXPECT_EQ("english", cats.message("dup", "m").as_string(none));
+}
+
+TEST(MessageCatalogs, DirectoryLinkCyclesEnd) {
+  mota_test::temp_dir tmp;
+  std::filesystem::create_directory(tmp.path() / "d");
+  write(tmp / "d/x.xmc", xmc("<catalog name=\"x\" lang=\"en\"><msg name=\"m\">x</msg></catalog>"));
+  std::filesystem::create_directory_symlink(tmp.path(), tmp.path() / "d" / "loop");
+  message_catalogs cats;
+  EXPECT_EQ(0, cats.load(tmp.str(), "en").type);
+  EXPECT_TRUE(cats.has_catalog("x"));
+}
+
+TEST(MessageCatalogs, CopiesShareCatalogsAndEraseRemoves) {
+  message_catalogs cats;
+  ASSERT_EQ(0, cats.load(data_dir() + "dir", "de").type);
+  cats.set_resolve_container({{"a", "b"}});
+  message_catalogs copy(cats);
+  EXPECT_EQ(&cats.catalog("a"), &copy.catalog("a"));
+  message_catalogs assigned;
+  assigned = cats;
+  EXPECT_EQ(3u, assigned.size());
+  cats.erase("a");
+  cats.erase(u16("b"));
+  EXPECT_EQ(1u, cats.size());
+  EXPECT_EQ(3u, copy.size());
+  cats.erase(u32("c"));
+  EXPECT_TRUE(cats == mota::types::nil);
+  copy.erase();
+  EXPECT_EQ(0u, copy.size());
+  assigned = mota::types::nil;
+  EXPECT_TRUE(assigned.equal(mota::types::nil));
+}

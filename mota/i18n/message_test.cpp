@@ -1,0 +1,247 @@
+#include <mota/i18n/catalog.hpp>
+#include <mota/i18n/message.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using mota::generic::varg_list;
+using mota::i18n::catalog_t;
+using mota::i18n::message_item;
+using mota::i18n::message_t;
+using mota::strings::ustring16;
+using mota::strings::ustring32;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+namespace {
+
+const ustring8 kSep(1, '\x01');
+
+message_t greeting() {
+  return message_t("greeting",
+                   {message_item("Hello "), message_item("who", message_item::string),
+                    message_item(", you have "),
+                    message_item("n" + kSep + "fieldsize" + kSep + "3", message_item::int_),
+                    message_item(" mails.")});
+}
+
+message_t with_locale(const char* name, const char* locale) {
+  message_t m(name, {message_item(name)});
+  m._orginal_locale(locale);
+  return m;
+}
+
+}  // namespace
+
+TEST(MessageItem, ConstructionAndName) {
+  message_item text("plain");
+  EXPECT_EQ(message_item::text, text.type());
+  EXPECT_EQ("plain", text.name());
+  message_item arg("size" + kSep + "precision" + kSep + "2", message_item::double_);
+  EXPECT_EQ("size", arg.name());
+  EXPECT_EQ("size" + kSep + "precision" + kSep + "2", arg.data());
+  message_item copy("x");
+  copy = arg;
+  EXPECT_EQ(arg.data(), copy.data());
+  EXPECT_EQ(message_item::double_, copy.type());
+  message_item other("y");
+  other.assign(text);
+  EXPECT_EQ("plain", other.data());
+  EXPECT_EQ(message_item::text, other.type());
+  // enumerator values are fixed
+  EXPECT_EQ(3, message_item::int_);
+  EXPECT_EQ(4, message_item::double_);
+  EXPECT_EQ(11, message_item::duration);
+}
+
+TEST(MessageItem, RendersEachKindOrInvalid) {
+  varg_list args;
+  args.push_back("s", variant(ustring8("text")));
+  args.push_back("n", variant(42));
+  args.push_back("d", variant(-0.3));
+  args.push_back("t", variant(90061));
+  args.push_back("m", variant(1536));
+  const struct {
+    ustring8 data;
+    message_item::type_t type;
+    const char* expected;
+  } cases[] = {
+      {"literal", message_item::text, "literal"},
+      {"s", message_item::string, "text"},
+      {"s" + kSep + "hex" + kSep + "true", message_item::string, "text"},  // format ignored
+      {"missing", message_item::string, "?invalid?"},
+      {"n", message_item::int_, "42"},
+      {"n" + kSep + "hex" + kSep + "true", message_item::int_, "0x2a"},
+      {"missing", message_item::int_, "?invalid?"},
+      {"d", message_item::double_, "-0.30"},
+      // a formatted "-0" stands for an invalid value
+      {"d" + kSep + "precision" + kSep + "0", message_item::double_, "?invalid?"},
+      {"m", message_item::memory, "1.50"},
+      {"m", message_item::memory_unit, "KB"},
+      {"m" + kSep + "base_unit" + kSep + "kB", message_item::memory_unit, "?invalid?"},
+      {"n", message_item::metric, "42.00"},
+      {"n" + kSep + "short_form" + kSep + "true", message_item::metric_unit, ""},
+      {"t", message_item::duration, "1 dy 1 hr 1 min 1.00 sec"},
+      {"n", message_item::number, "?invalid?"},
+      {"n", message_item::time, "?invalid?"},
+      {"n", message_item::date, "?invalid?"},
+      {"n", static_cast<message_item::type_t>(12), "?invalid?"},
+      {"n", static_cast<message_item::type_t>(-1), "?invalid?"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.expected, message_item(c.data, c.type).as_string(args)) << c.data;
+  }
+}
+
+TEST(Message, ArgumentCountAndValidity) {
+  message_t only_text("t", {message_item("a"), message_item("b")});
+  EXPECT_EQ(0u, only_text.argument_count());
+  EXPECT_TRUE(only_text.has_valid_args(varg_list()));
+  EXPECT_FALSE(message_t().has_valid_args(varg_list()));
+
+  message_t m = greeting();
+  EXPECT_EQ(2u, m.argument_count());
+  EXPECT_EQ(5u, m.size());
+  EXPECT_EQ(5u, m.count());
+  varg_list one;
+  one.push_back("who", variant(ustring8("Ann")));
+  EXPECT_FALSE(m.has_valid_args(one));  // fewer entries than slots
+  one.push_back("other", variant(1));
+  EXPECT_FALSE(m.has_valid_args(one));  // "n" is missing
+  varg_list both;
+  both.push_back("who", variant(ustring8("Ann")));
+  both.push_back("n", variant(7));
+  EXPECT_TRUE(m.has_valid_args(both));
+  // the template keys by the whole stored text, the check looks up the bare name
+  EXPECT_FALSE(m.has_valid_args(m.arguments()));
+}
+
+TEST(Message, RendersInItemOrder) {
+  message_t m = greeting();
+  varg_list args;
+  args.push_back("who", variant(ustring8("J\xC3\xBCrgen")));
+  args.push_back("n", variant(7));
+  const std::string expected = "Hello J\xC3\xBCrgen, you have   7 mails.";
+  EXPECT_EQ(expected, m.as_string(args));
+  EXPECT_EQ(expected, m.as_utf8(args));
+  EXPECT_EQ(expected, m.as_ustring(args));
+  ustring16 u16 = m.as_utf16(args);
+  ASSERT_EQ(expected.size() - 1, u16.size());
+  EXPECT_EQ(0xFCu, u16[7]);
+  ustring32 u32 = m.as_utf32(args);
+  EXPECT_EQ(static_cast<wchar_t>(0xFC), u32[7]);
+  std::wstring wide = m.as_wstring(args);
+  EXPECT_EQ(u32.size(), wide.size());
+  EXPECT_EQ(static_cast<wchar_t>(0xFC), wide[7]);
+  // missing arguments still render
+  EXPECT_EQ("Hello ?invalid?, you have ?invalid? mails.", m.as_string(varg_list()));
+}
+
+TEST(Message, ArgumentsTemplate) {
+  varg_list list = greeting().arguments();
+  ASSERT_EQ(2u, list.count());
+  EXPECT_EQ("who", list[0u].name());
+  EXPECT_EQ("n" + kSep + "fieldsize" + kSep + "3", list[1u].name());
+  EXPECT_TRUE(list[0u].value() == mota::types::nil);
+  EXPECT_TRUE(list[1u].value() == mota::types::nil);
+}
+
+TEST(Message, FieldsAssignmentAndNil) {
+  message_t m("name", {message_item("x")}, "meta text");
+  EXPECT_EQ("meta text", m.meta());
+  EXPECT_EQ("", m._orginal_locale());
+  EXPECT_EQ("other", m.name("other"));
+  EXPECT_EQ("other", m.name());
+  EXPECT_EQ("m2", m.meta("m2"));
+  EXPECT_EQ("de_DE", m._orginal_locale("de_DE"));
+
+  message_t copy;
+  copy = m;
+  EXPECT_EQ("other", copy.name());
+  EXPECT_EQ("m2", copy.meta());
+  EXPECT_EQ("de_DE", copy._orginal_locale());
+  EXPECT_EQ(1u, copy.size());
+  copy = copy;  // self-assignment keeps everything
+  EXPECT_EQ("other", copy.name());
+
+  copy = mota::types::nil;
+  EXPECT_TRUE(copy == mota::types::nil);
+  EXPECT_EQ("", copy._orginal_locale());
+  EXPECT_TRUE(message_t(mota::types::nil) == mota::types::nil);
+
+  // the locale is not looked at by the nil test
+  message_t only_locale;
+  only_locale._orginal_locale("en");
+  EXPECT_TRUE(only_locale.equal(mota::types::nil));
+  message_t only_meta("", {}, "m");
+  EXPECT_FALSE(only_meta == mota::types::nil);
+  message_t only_name("n", {});
+  EXPECT_TRUE(only_name != mota::types::nil);
+
+  std::size_t n = 0;
+  for (message_item& item : m) {
+    EXPECT_EQ("x", item.data());
+    ++n;
+  }
+  EXPECT_EQ(1u, n);
+  m.resolve({{"a", "b"}});
+  EXPECT_EQ(1u, m.size());
+}
+
+TEST(Catalog, MessagesAndNilMessage) {
+  catalog_t cat;
+  EXPECT_TRUE(cat == mota::types::nil);
+  cat._name("errors");
+  EXPECT_EQ("errors", cat.name());
+  cat.message("a", with_locale("a", "en"));
+  cat.message(ustring16{'b'}, with_locale("b", "de"));
+  cat.message(ustring32(L"c"), with_locale("c", "de"));
+  EXPECT_TRUE(cat != mota::types::nil);
+  EXPECT_EQ(3u, cat.size());
+  EXPECT_TRUE(cat.has_message("a"));
+  EXPECT_TRUE(cat.has_message(ustring16{'b'}));
+  EXPECT_TRUE(cat.has_message(ustring32(L"c")));
+  EXPECT_FALSE(cat.has_message("d"));
+  EXPECT_EQ("de", cat.message(ustring32(L"c"))._orginal_locale());
+  EXPECT_EQ(&catalog_t::m_nil_message, &cat.message("d"));
+  EXPECT_TRUE(cat.message(ustring16{'d'}) == mota::types::nil);
+  EXPECT_EQ(3u, cat.size());  // lookups never insert
+  cat.message("a", with_locale("a", "fr"));
+  EXPECT_EQ("fr", cat.message("a")._orginal_locale());
+
+  std::vector<std::string> names;
+  for (const auto& entry : cat)
+    names.push_back(entry.first);
+  EXPECT_EQ((std::vector<std::string>{"a", "b", "c"}), names);
+
+  catalog_t copy(cat);
+  EXPECT_EQ(3u, copy.size());
+  EXPECT_EQ("errors", copy.name());
+  catalog_t assigned;
+  assigned = cat;
+  EXPECT_EQ("errors", assigned.name());
+  assigned = mota::types::nil;
+  EXPECT_TRUE(assigned == mota::types::nil);
+  EXPECT_EQ("", assigned.name());
+}
+
+TEST(Catalog, LanguageSetIsACache) {
+  catalog_t cat;
+  cat.message("a", with_locale("a", "en_US"));
+  cat.message("b", with_locale("b", "de"));
+  cat.message("c", with_locale("c", "de"));
+  std::vector<std::string> langs(cat.languages_begin(), cat.languages_end());
+  EXPECT_EQ((std::vector<std::string>{"de", "en_US"}), langs);
+  EXPECT_TRUE(cat.is_language_loaded("en-US"));
+  EXPECT_TRUE(cat.is_language_loaded("en.US"));
+  EXPECT_TRUE(cat.is_language_loaded(ustring16{'d', 'e'}));
+  EXPECT_TRUE(cat.is_language_loaded(ustring32(L"en_US")));
+  EXPECT_FALSE(cat.is_language_loaded("fr"));
+  // storing a message drops the generated set; the next query rebuilds it
+  cat.message("d", with_locale("d", "fr"));
+  EXPECT_TRUE(cat.is_language_loaded("fr"));
+  langs.assign(cat.languages_begin(), cat.languages_end());
+  EXPECT_EQ((std::vector<std::string>{"de", "en_US", "fr"}), langs);
+}

@@ -1,0 +1,410 @@
+#include <mota/i18n/_private/xmc_file_loader.hpp>
+
+#include <mota_test.hpp>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+using mota::i18n::catalog_t;
+using mota::i18n::message_item;
+using mota::i18n::message_t;
+using mota::i18n::_private::xmc_file_loader;
+using mota::strings::ustring8;
+using load_error = xmc_file_loader::load_error;
+
+namespace {
+
+const std::string kPrefix = "xmc_file_loader::load_error - ";
+const std::string kSep(1, '\x01');
+
+std::string data_dir() {
+  return mota_test::source_dir() + "/mota/i18n/testdata/";
+}
+
+std::string in_file(const std::string& file) {
+  return "\n in file: \"" + file + "\"";
+}
+
+// The items of a loaded message as "type:data" strings.
+std::vector<std::string> items_of(const message_t& m) {
+  std::vector<std::string> out;
+  for (const message_item& item : m)
+    out.push_back(std::to_string(item.type()) + ":" + item.data());
+  return out;
+}
+
+const message_t& loaded(const xmc_file_loader& loader, const char* catalog, const char* name) {
+  static const message_t none;
+  auto cat = loader.data().find(catalog);
+  if (cat == loader.data().end()) return none;
+  auto msg = cat->second.find(name);
+  return msg == cat->second.end() ? none : msg->second;
+}
+
+std::string xmc(const std::string& body) {
+  return "<?xml version=\"1.0\"?>\n<xmc version=\"1.0\">" + body + "</xmc>";
+}
+
+}  // namespace
+
+TEST(XmcLoadError, MessagesOfEveryKind) {
+  const struct {
+    int kind;
+    const char* detail;
+    std::string expected;
+  } cases[] = {
+      {0, "x", kPrefix + "No Error"},
+      {1, "f.xmc", kPrefix + "No catalog was loaded in file: \"f.xmc\""},
+      {2, "x", kPrefix + "Default locale lookup not supported yet"},
+      {3, "a/b.xmc", kPrefix + "File \"a/b.xmc\" was not found on disk"},
+      {5, "colour", kPrefix + "Invalid attibute \"colour\""},
+      {6, "strings", kPrefix + "Invalid element \"strings\""},
+      {7, "XMC", kPrefix + "Not XMC file, root element is not XMC but \"XMC\""},
+      {8, "1.2", kPrefix + "XMC version \"1.2\" is not supported"},
+      {9, "x", kPrefix + "Expected BR end tag not found"},
+      {10, "m", kPrefix + "Expected msg (message) end tag not found for message \"m\""},
+      {11, "a", kPrefix + "Expected arg (argument) end tag not found for argument \"a\""},
+      {12, "x", kPrefix + "Expected \"include\" end tag not found"},
+      {13, "c", kPrefix + "Expected catalog end tag not found for catalog \"c\""},
+      {14, "Nothing", kPrefix + "Unexpected parse error happen!"},
+      {99, "x", std::string("< ") + typeid(xmc_file_loader::error_type).name() + " value of 99 >"},
+  };
+  for (const auto& c : cases) {
+    load_error e(static_cast<xmc_file_loader::error_type>(c.kind), c.detail);
+    EXPECT_EQ(c.kind, e.type);
+    EXPECT_EQ(c.expected, e.message);
+  }
+}
+
+TEST(XmcLoadError, ContextLinesAppendInOrder) {
+  load_error e(xmc_file_loader::invalid_attribute, "x");
+  e.append_error_stack(load_error::in_message, "m");
+  e.append_error_stack(load_error::in_catalog, "c");
+  e.append_error_stack(load_error::in_file, "f.xmc");
+  e.append_error_stack(load_error::at_line, "7");
+  EXPECT_EQ(kPrefix +
+                "Invalid attibute \"x\"\n in message element: \"m\"\n in catalog element: "
+                "\"c\"\n in file: \"f.xmc\"\n at line: \"7\"",
+            e.message);
+  load_error other(xmc_file_loader::no_error, "");
+  other.append_error_stack(static_cast<load_error::append_type>(9), "ignored");
+  EXPECT_EQ(kPrefix + "No Error< " + typeid(load_error::append_type).name() +
+                " value of 9 >\n unknown, or unhandle case happened!",
+            other.message);
+}
+
+TEST(XmcLoader, LanguageListAndWeights) {
+  const struct {
+    const char* locale;
+    std::vector<std::string> expected;
+  } cases[] = {
+      {"de-DE.UTF-8", {".", "en", "de", "de_DE", "de_DE_UTF", "de_DE_UTF_8"}},
+      {"en_GB", {".", "en", "en_GB"}},
+      {"en", {".", "en"}},
+      {"", {".", "en"}},
+      {".", {".", "en", "."}},
+      {"de__AT_", {".", "en", "de", "de_", "de__AT"}},
+  };
+  for (const auto& c : cases) {
+    xmc_file_loader loader;
+    loader.handle_language(c.locale);
+    std::vector<std::string> got(loader.languages().begin(), loader.languages().end());
+    EXPECT_EQ(c.expected, got) << c.locale;
+  }
+
+  xmc_file_loader loader;
+  loader.handle_language("de-DE");
+  EXPECT_EQ(1u, loader.get_locale_weight("."));
+  EXPECT_EQ(2u, loader.get_locale_weight("en"));
+  EXPECT_EQ(3u, loader.get_locale_weight("de"));
+  EXPECT_EQ(4u, loader.get_locale_weight("de.DE"));
+  EXPECT_EQ(0u, loader.get_locale_weight(""));
+  EXPECT_EQ(0u, loader.get_locale_weight("fr"));
+  EXPECT_EQ(0u, loader.get_locale_weight("DE"));
+  EXPECT_TRUE(loader.is_lang_id_good("de_DE"));
+  EXPECT_FALSE(loader.is_lang_id_good("en_US"));
+
+  EXPECT_FALSE(loader.is_cat_id_set());
+  EXPECT_TRUE(loader.is_catalog_matched("anything"));
+  loader.reset();
+  EXPECT_TRUE(loader.languages().empty());
+  EXPECT_EQ("./", loader.base_directory());
+}
+
+TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
+  xmc_file_loader loader;
+  load_error e = loader.parse("/no/such/file.xmc", "");
+  EXPECT_EQ(2, e.type);
+  EXPECT_EQ(kPrefix + "Default locale lookup not supported yet", e.message);
+  e = loader.parse("/no/such/file.xmc", "en");
+  EXPECT_EQ(3, e.type);
+  EXPECT_EQ(kPrefix + "File \"/no/such/file.xmc\" was not found on disk", e.message);
+}
+
+TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
+  xmc_file_loader loader;
+  const std::string file = data_dir() + "catalogs/app.xmc";
+  load_error e = loader.parse(file, "de_DE");
+  ASSERT_EQ(0, e.type) << e.message;
+  EXPECT_EQ(kPrefix + "No Error", e.message);
+  EXPECT_EQ(data_dir() + "catalogs/", loader.base_directory());
+
+  EXPECT_EQ((std::vector<std::string>{"0:Guten Tag, ", "1:who", "0:!"}),
+            items_of(loaded(loader, "app", "hello")));
+  EXPECT_EQ("de_DE", loaded(loader, "app", "hello")._orginal_locale());
+  EXPECT_EQ("en", loaded(loader, "app", "only_en")._orginal_locale());
+  EXPECT_EQ("de", loaded(loader, "app", "only_de")._orginal_locale());
+  EXPECT_TRUE(loaded(loader, "app", "only_fr") == mota::types::nil);
+  EXPECT_EQ("Aus dem Include", loaded(loader, "app", "from_include").begin()->data());
+  EXPECT_EQ(1u, loaded(loader, "extra", "e1").size());
+  EXPECT_EQ(".", loaded(loader, "more", "m1")._orginal_locale());  // sub/deeper/more.xmc
+  EXPECT_EQ(1u, loaded(loader, "units", "kb").size());
+  EXPECT_EQ(0u, loader.data().count("nolang"));  // no lang attribute: never loaded
+  EXPECT_EQ(4u, loader.data().size());
+  EXPECT_EQ(7u, loader.data().at("app").size());
+}
+
+TEST(XmcLoader, MessageBodies) {
+  xmc_file_loader loader;
+  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "en").type);
+  const message_t& files = loaded(loader, "app", "files");
+  EXPECT_EQ("count of files", files.meta());
+  EXPECT_EQ((std::vector<std::string>{"0:You have ", "3:n" + kSep + "fieldsize" + kSep + "4",
+                                      "0: files of ", "7:size" + kSep + "precision" + kSep + "1",
+                                      "0: ", "8:size", "0:. "}),
+            items_of(files));
+  EXPECT_EQ((std::vector<std::string>{"0:one\ntwo"}), items_of(loaded(loader, "app", "lines")));
+  EXPECT_EQ((std::vector<std::string>{"0:Hello ", "1:x", "0: world"}),
+            items_of(loaded(loader, "app", "spacing")));
+}
+
+TEST(XmcLoader, ArgumentTypesAndFormatAttributes) {
+  const struct {
+    const char* type;
+    int expected;
+  } cases[] = {{"date", 6},     {"duration", 11},   {"memory", 7}, {"mem", 7},
+               {"mem_unit", 8}, {"memory_unit", 8}, {"metric", 9}, {"metric_unit", 10},
+               {"number", 2},   {"int", 3},         {"INT", 3},    {"double", 4},
+               {"string", 1},   {"time", 5},        {"value", 0},  {"whatever", 1}};
+  for (const auto& c : cases) {
+    xmc_file_loader loader;
+    loader.handle_language("en");
+    std::string body = std::string(
+                           "<catalog name=\"c\" lang=\"en\"><msg name=\"m\"><arg name=\"a\" "
+                           "type=\"") +
+                       c.type + "\"/></msg></catalog>";
+    ASSERT_EQ(0, loader.parse_string(xmc(body), "t.xmc").type) << c.type;
+    EXPECT_EQ(c.expected, loaded(loader, "c", "m").begin()->type()) << c.type;
+  }
+
+  xmc_file_loader loader;
+  loader.handle_language("en");
+  ASSERT_EQ(0, loader
+                   .parse_string(xmc("<catalog name=\"c\" lang=\"en\"><msg name=\"m\">"
+                                     "<arg precision=\"2\" name=\"lost\"/>"
+                                     "<arg name=\"kept\" precision=\"2\" hex=\"\" type=\"int\"/>"
+                                     "<arg/></msg></catalog>"),
+                                 "t.xmc")
+                   .type);
+  EXPECT_EQ((std::vector<std::string>{
+                "1:lost", "3:kept" + kSep + "precision" + kSep + "2" + kSep + "hex" + kSep, "1:"}),
+            items_of(loaded(loader, "c", "m")));
+}
+
+TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
+  xmc_file_loader loader;
+  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "fr", "extra").type);
+  EXPECT_TRUE(loader.is_cat_id_set());
+  EXPECT_FALSE(loader.is_catalog_matched("app"));
+  EXPECT_EQ(1u, loader.data().size());
+  EXPECT_EQ(1u, loader.data().count("extra"));
+  // the second language pass adds "." and "en" again
+  EXPECT_EQ((std::vector<ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
+}
+
+TEST(XmcLoader, FirstOfEqualWeightWinsWithinOneLoad) {
+  xmc_file_loader loader;
+  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/first_wins.xmc", "de").type);
+  EXPECT_EQ("first", loaded(loader, "dup", "m").begin()->data());
+
+  message_t en("m", {message_item("en")});
+  en._orginal_locale("en");
+  message_t de("m", {message_item("de")});
+  de._orginal_locale("de");
+  loader.set_message(de, "set");
+  loader.set_message(en, "set");  // lighter: ignored
+  EXPECT_EQ("de", loaded(loader, "set", "m").begin()->data());
+  loader.set_message(en, "set2");
+  loader.set_message(de, "set2");  // heavier: replaces
+  EXPECT_EQ("de", loaded(loader, "set2", "m").begin()->data());
+}
+
+TEST(XmcLoader, CombineDataLetsTheLaterOfEqualWeightWin) {
+  xmc_file_loader::catalog_map catalogs;
+  catalogs["dup"];  // a null entry is replaced by a live catalog
+  xmc_file_loader first;
+  ASSERT_EQ(0, first.parse(data_dir() + "catalogs/first_wins.xmc", "de").type);
+  first.combine_data(catalogs);
+  ASSERT_TRUE(catalogs["dup"]);
+  EXPECT_EQ("dup", catalogs["dup"]->name());
+  EXPECT_EQ("first", catalogs["dup"]->message("m").begin()->data());
+
+  xmc_file_loader later;
+  ASSERT_EQ(0, later.parse(data_dir() + "catalogs/later.xmc", "de").type);
+  later.combine_data(catalogs);
+  EXPECT_EQ("later file", catalogs["dup"]->message("m").begin()->data());
+
+  // a stored variant that weighs more is kept
+  message_t en("m", {message_item("english")});
+  en._orginal_locale("en");
+  xmc_file_loader german_first;
+  german_first.handle_language("de");
+  german_first.set_message(en, "dup");
+  german_first.combine_data(catalogs);  // en (2) vs de (3) in this loader's list: kept
+  EXPECT_EQ("later file", catalogs["dup"]->message("m").begin()->data());
+}
+
+TEST(XmcLoader, EveryErrorKindFromAFile) {
+  const std::string dir = data_dir() + "errors/";
+  const struct {
+    const char* file;
+    int kind;
+    std::string text;  // before the file line
+  } cases[] = {
+      {"e03_missing_include.xmc", 3, "File \"" + dir + "missing.xmc\" was not found on disk"},
+      {"e03_empty_include.xmc", 3, "File \"\" was not found on disk"},
+      {"e05_arg_attribute.xmc", 5,
+       "Invalid attibute \"colour\"\n in message element: \"m\"\n in catalog element: \"c\""},
+      {"e05_catalog_attribute.xmc", 5, "Invalid attibute \"size\""},
+      {"e05_include_attribute.xmc", 5, "Invalid attibute \"path\""},
+      {"e05_no_version.xmc", 5, "Invalid attibute \"release\""},
+      {"e06_root_child.xmc", 6, "Invalid element \"strings\""},
+      {"e06_msg_child.xmc", 6,
+       "Invalid element \"b\"\n in message element: \"m\"\n in catalog element: \"c\""},
+      {"e07_root_case.xmc", 7, "Not XMC file, root element is not XMC but \"XMC\""},
+      {"e08_version.xmc", 8, "XMC version \"1.2\" is not supported"},
+      {"e09_br_content.xmc", 9,
+       "Expected BR end tag not found\n in message element: \"m\"\n in catalog element: \"c\""},
+      {"e10_msg_end.xmc", 10,
+       "Expected msg (message) end tag not found for message \"m\"\n in message element: "
+       "\"m\"\n in catalog element: \"c\""},
+      {"e11_arg_content.xmc", 11,
+       "Expected arg (argument) end tag not found for argument \"a\"\n in message element: "
+       "\"m\"\n in catalog element: \"c\""},
+      {"e12_include_content.xmc", 12, "Expected \"include\" end tag not found"},
+      {"e13_catalog_child.xmc", 13, "Expected catalog end tag not found for catalog \"c\""},
+      {"e14_no_element.xmc", 14, "Unexpected parse error happen!"},
+      {"e04_unclosed.xmc", 4, "Unexpected end of file during XML parsing\n at line: \"0\""},
+  };
+  for (const auto& c : cases) {
+    xmc_file_loader loader;
+    load_error e = loader.parse(dir + c.file, "en");
+    EXPECT_EQ(c.kind, e.type) << c.file;
+    EXPECT_EQ(kPrefix + c.text + in_file(dir + c.file), e.message) << c.file;
+  }
+  xmc_file_loader loader;
+  load_error e = loader.parse(dir + "missing.xmc", "en");
+  EXPECT_EQ(kPrefix + "File \"" + dir + "missing.xmc\" was not found on disk", e.message);
+}
+
+TEST(XmcLoader, HeaderChecks) {
+  const struct {
+    std::string content;
+    int kind;
+    std::string text;
+  } cases[] = {
+      {"<?xml?><xmc/>", 5, "Invalid attibute \"\""},
+      {"<?xml?><xmc version=\"1.1\"/>", 0, "No Error"},
+      {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
+      {"<?xml?><xmc version=\"1.0 \"/>", 8, "XMC version \"1.0 \" is not supported"},
+      {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
+  };
+  for (const auto& c : cases) {
+    xmc_file_loader loader;
+    load_error e = loader.parse_string(c.content, "h.xmc");
+    EXPECT_EQ(c.kind, e.type) << c.content;
+    EXPECT_EQ(kPrefix + c.text + (c.kind ? in_file("h.xmc") : ""), e.message) << c.content;
+  }
+}
+
+TEST(XmcLoader, ParseErrorMessages) {
+  const struct {
+    std::string content;
+    std::string text;
+  } cases[] = {
+      {"<?xml?><xmc version=\"1.0\">",
+       "Unexpected end of file during XML parsing\n at line: \"0\""},
+      {"<?xml?>\n<xmc version=\"1.0\"></xmx>",
+       "Mismatched end element \"xmx\" was found\n at line: \"1\""},
+      {"<?xml version=\"1.0\"?>\n\n", "No root element was found\n at line: \"2\""},
+      {"<xmc version=\"1.0\"/>", "Valid XML header not found\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\"><1/></xmc>",
+       "Unexpected character \"1\" found while parsing\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0",
+       "Missing \" while parsing attribute \"version\"\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\">&zz;</xmc>", "Unknown enity being parsed\n at line: \"0\""},
+      {"<?xml?>\n\n\n<xmc version \"1.0\"/>",
+       "Missing = sign for attribute \"version\"\n at line: \"3\""},
+      {"<?xml?><xmc version=\"1.0\" version=\"1.1\"/>",
+       "attribute \"version\" is being redefined\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\"/>\n<b/>", "Data found after root element\n at line: \"1\""},
+  };
+  for (const auto& c : cases) {
+    xmc_file_loader loader;
+    load_error e = loader.parse_string(c.content, "p.xmc");
+    EXPECT_EQ(4, e.type) << c.content;
+    EXPECT_EQ(kPrefix + c.text + in_file("p.xmc"), e.message) << c.content;
+  }
+}
+
+TEST(XmcLoader, IncludeCyclesEndWithAnError) {
+  const std::string dir = data_dir() + "cycle/";
+  xmc_file_loader self;
+  load_error e = self.parse(dir + "self.xmc", "en");
+  EXPECT_EQ(14, e.type);
+  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + in_file(dir + "self.xmc") +
+                in_file(dir + "self.xmc"),
+            e.message);
+
+  xmc_file_loader pair;
+  e = pair.parse(dir + "a.xmc", "en");
+  EXPECT_EQ(14, e.type);
+  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + in_file(dir + "a.xmc") +
+                in_file(dir + "b.xmc") + in_file(dir + "a.xmc"),
+            e.message);
+}
+
+TEST(XmcLoader, IncludeDepthIsBounded) {
+  mota_test::temp_dir tmp;
+  const unsigned int files = xmc_file_loader::max_include_depth + 5;
+  for (unsigned int i = 0; i < files; ++i) {
+    std::ofstream out(tmp / ("f" + std::to_string(i) + ".xmc"));
+    out << xmc(i + 1 < files ? "<include file=\"f" + std::to_string(i + 1) + ".xmc\"/>" : "");
+  }
+  xmc_file_loader loader;
+  load_error e = loader.parse(tmp / "f0.xmc", "en");
+  EXPECT_EQ(14, e.type);
+  const std::string deepest =
+      tmp / ("f" + std::to_string(xmc_file_loader::max_include_depth) + ".xmc");
+  EXPECT_EQ(0u, e.message.find(kPrefix + "Unexpected parse error happen!" + in_file(deepest)));
+
+  // a chain within the bound loads
+  xmc_file_loader shallow;
+  EXPECT_EQ(0, shallow.parse(tmp / ("f" + std::to_string(files - 10) + ".xmc"), "en").type);
+}
+
+TEST(XmcLoader, SkippedSectionsMayHoldAnything) {
+  xmc_file_loader loader;
+  loader.handle_language("en");
+  load_error e =
+      loader.parse_string(xmc("<catalog name=\"c\" lang=\"de\"><junk><br>x</br></junk></catalog>"
+                              "<catalog name=\"d\" lang=\"en\"><msg name=\"m\">ok</msg></catalog>"),
+                          "s.xmc");
+  EXPECT_EQ(0, e.type) << e.message;
+  EXPECT_EQ(1u, loader.data().size());
+  EXPECT_EQ(1u, loader.data().count("d"));
+}
