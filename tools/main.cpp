@@ -31,7 +31,8 @@ int dispatch(const std::vector<std::string>& words) {
   }
   if (command == "convert") return run_convert(rest, std::cin, std::cout, std::cerr);
   if (command == "xml") return run_xml(rest, std::cout, std::cerr);
-  if (command == "catalog" || command == "config") {
+  if (command == "catalog") return run_catalog(rest, std::cout, std::cerr);
+  if (command == "config") {
     return failure(std::cerr, command + " is not available in this build yet");
   }
   return usage_error(std::cerr, "unknown command \"" + printable(command) + "\"", main_usage);

@@ -381,11 +381,17 @@ TEST(ToolCatalogCheck, FaultyCatalogsPrintTheLoaderMessageWithItsTrail) {
                                   " in catalog element: \"shop\"\n"
                                   " in file: \"@\""},
       {"no_language.xmc", "message_catalogs::result_type - No catalog was loaded in file: \"@\""},
+      {"include_cycle.xmc",
+       "message_catalogs::result_type - Unexpected error happened during loading\n "
+       "xmc_file_loader::load_error - Unexpected parse error happen!\n"
+       " in file: \"@\"\n"
+       " in file: \"@\""},
   };
   for (const broken_case& c : cases) {
     const std::string path = example(std::string("broken/") + c.file);
     std::string expected = c.message;
-    expected.replace(expected.find('@'), 1, path);
+    for (std::size_t at = expected.find('@'); at != std::string::npos; at = expected.find('@'))
+      expected.replace(at, 1, path);
     const run_result r = run({"catalog", "check", path, "--locale", "en"});
     EXPECT_EQ(1, r.code) << c.file;
     EXPECT_EQ(expected + "\n", r.err) << c.file;
@@ -423,6 +429,31 @@ TEST(ToolCatalogCheck, MissingFilesAndIncludes) {
   EXPECT_EQ(1, r.code);
   EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - No catalog was loaded in file: \""))
       << r.err;
+}
+
+TEST(ToolCatalogCheck, DamagedCatalogsNeverCrashTheLoader) {
+  // Every prefix-cut and byte-flipped variant of a valid catalog loads or fails cleanly.
+  std::ifstream in(example("catalogs/shop.xmc"), std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  const std::string original = text.str();
+  mota_test::temp_dir dir;
+  const std::string path = dir / "damaged.xmc";
+  for (std::size_t i = 0; i < 24; ++i) {
+    std::string damaged = original;
+    const std::size_t at = (i * 7919) % damaged.size();
+    if (i % 3 == 0) {
+      damaged.resize(at);
+    } else {
+      damaged[at] = "<>&\"/\x01\xFF="[i % 8];
+    }
+    write_file(path, damaged);
+    const run_result r = run({"catalog", "check", path, "--locale", "de"});
+    EXPECT_TRUE(r.code == 0 || r.code == 1) << "variant " << i << " exit " << r.code;
+    if (r.code == 1) {
+      EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - ")) << r.err;
+    }
+  }
 }
 
 TEST(ToolCatalogCheck, CommandLineMistakes) {
