@@ -146,6 +146,11 @@ int check(const arguments& args, std::ostream& out, std::ostream& err) {
       out << " " << (lang->empty() ? std::string("\"\"") : printable(*lang));
     }
     out << "\n";
+    if (!args.has("--messages")) continue;
+    for (const auto& message : catalog) {
+      out << "  " << printable(message.first) << " [" << printable(message.second._orginal_locale())
+          << "]\n";
+    }
   }
   return exit_ok;
 }
@@ -259,7 +264,7 @@ int render(const arguments& args, std::ostream& out, std::ostream& err) {
 }  // namespace
 
 int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  arguments args({"--locale", "--catalog"}, {"--list-args"});
+  arguments args({"--locale", "--catalog"}, {"--list-args", "--messages"});
   if (!args.parse(words, false)) return usage_error(err, printable(args.error()), catalog_usage);
   if (args.has("--help")) {
     out << catalog_usage;
@@ -275,6 +280,9 @@ int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!args.has("--locale")) return usage_error(err, "--locale is required", catalog_usage);
   if (command == "check" && args.has("--list-args")) {
     return usage_error(err, "--list-args belongs to catalog render", catalog_usage);
+  }
+  if (command == "render" && args.has("--messages")) {
+    return usage_error(err, "--messages belongs to catalog check", catalog_usage);
   }
   return command == "check" ? check(args, out, err) : render(args, out, err);
 }

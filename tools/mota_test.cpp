@@ -339,6 +339,10 @@ TEST(ToolCatalogCheck, ListsCatalogsWithMessageCountsAndLanguagesPerLocale) {
       {{shop, "--locale", "de"}, "shop: 6 messages; languages: de en\n"},
       {{"--locale=en", shop, example("catalogs/kinds.xmc")},
        "kinds: 20 messages; languages: .\nshop: 6 messages; languages: en\n"},
+      // The best variant of each message, with the language it came from.
+      {{shop, "--locale", "de_CH", "--messages"},
+       "shop: 6 messages; languages: de en\n  cart [de]\n  distance [de]\n  download [de]\n"
+       "  farewell [en]\n  greeting [de]\n  receipt [en]\n"},
   };
   for (const check_case& c : cases) {
     std::vector<std::string> args{"catalog", "check"};
@@ -465,12 +469,13 @@ TEST(ToolCatalogCheck, CommandLineMistakes) {
       {"catalog", "check", "--locale", "en"},
       {"catalog", "check", dir, "--locale"},
       {"catalog", "check", dir, "--locale", "en", "--list-args"},
+      {"catalog", "render", dir, "--locale", "en", "shop", "cart", "--messages"},
       {"catalog", "check", dir, "--locale", "en", "--verbose"},
   };
   for (const auto& args : bad) {
     const run_result r = run(args);
     EXPECT_EQ(64, r.code) << args.back();
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog check")) << r.err;
+    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog check PATH")) << r.err;
     EXPECT_EQ("", r.out);
   }
 }

@@ -8,7 +8,7 @@ const char* const main_usage =
     "Check and inspect mota data files without writing a program.\n"
     "\n"
     "commands:\n"
-    "  catalog check PATH... --locale L [--catalog ID]\n"
+    "  catalog check PATH... --locale L [--catalog ID] [--messages]\n"
     "                     load message catalogs and list what was loaded\n"
     "  catalog render PATH --locale L CATALOG MESSAGE [NAME=VALUE ...]\n"
     "                     render one message with the given arguments\n"
@@ -25,7 +25,7 @@ const char* const main_usage =
     "exit status: 0 success, 1 failure, 2 configuration key not set, 64 usage error\n";
 
 const char* const catalog_usage =
-    "usage: mota catalog check PATH... --locale L [--catalog ID]\n"
+    "usage: mota catalog check PATH... --locale L [--catalog ID] [--messages]\n"
     "       mota catalog render PATH --locale L [--catalog ID] CATALOG MESSAGE [NAME=VALUE ...]\n"
     "       mota catalog render PATH --locale L CATALOG MESSAGE --list-args\n"
     "\n"
@@ -33,6 +33,7 @@ const char* const catalog_usage =
     "        for locale L, optionally only the catalog ID. On success it lists each catalog\n"
     "        with its number of messages and the languages they came from; on failure it\n"
     "        prints the loader's message with the place of the fault and exits 1.\n"
+    "        --messages lists every message too, with the language it came from.\n"
     "render  loads PATH the same way and prints message MESSAGE of catalog CATALOG. Each\n"
     "        NAME=VALUE gives one argument as text; the argument's kind in the catalog\n"
     "        (int, double, memory, duration, ...) decides how the text is read.\n"
@@ -41,6 +42,7 @@ const char* const catalog_usage =
     "options:\n"
     "  --locale L     locale to load for, such as en, de_DE or fr-FR (required)\n"
     "  --catalog ID   load only the catalog named ID\n"
+    "  --messages     (check) list the messages of each catalog\n"
     "  --list-args    (render) list the arguments instead of rendering\n"
     "  --help         print this text\n";
 
