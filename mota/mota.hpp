@@ -32,6 +32,11 @@
 #include <mota/memory/shared_pointer.hpp>
 #include <mota/parser/xml_parser.hpp>
 #include <mota/parser/xml_token_stream.hpp>
+#include <mota/serialization/labeled_serialize_buffer.hpp>
+#include <mota/serialization/labeled_text_buffer.hpp>
+#include <mota/serialization/serialize_binary_buf.hpp>
+#include <mota/serialization/serialize_buffer.hpp>
+#include <mota/serialization/serialize_text_buf.hpp>
 #include <mota/strings/ansi.hpp>
 #include <mota/strings/bom.hpp>
 #include <mota/strings/case.hpp>

@@ -32,6 +32,13 @@ catalog_t& catalog_t::assign(const types::nil_t&) {
   return *this;
 }
 
+void catalog_t::_name(const strings::ustring16& name) {
+  m_name = strings::utf16_to_utf8(name);
+}
+void catalog_t::_name(const strings::ustring32& name) {
+  m_name = strings::utf32_to_utf8(name);
+}
+
 bool catalog_t::has_message(const strings::ustring8& name) const {
   return m_messages.find(name) != m_messages.end();
 }

@@ -46,6 +46,8 @@ class MOTA_API catalog_t {
 
   strings::ustring8 name() const { return m_name; }
   void _name(const strings::ustring8& name) { m_name = name; }
+  void _name(const strings::ustring16& name);
+  void _name(const strings::ustring32& name);
 
   bool has_message(const strings::ustring8& name) const;
   bool has_message(const strings::ustring16& name) const;

@@ -193,6 +193,10 @@ TEST(Message, FieldsAssignmentAndNil) {
 TEST(Catalog, MessagesAndNilMessage) {
   catalog_t cat;
   EXPECT_TRUE(cat == mota::types::nil);
+  cat._name(ustring16{'e', 'r', 'r'});
+  EXPECT_EQ("err", cat.name());
+  cat._name(ustring32(L"\u00e9rr"));
+  EXPECT_EQ("\xc3\xa9rr", cat.name());
   cat._name("errors");
   EXPECT_EQ("errors", cat.name());
   cat.message("a", with_locale("a", "en"));

@@ -312,51 +312,53 @@ class xmc_token_reader {
 
     message_t::items_type items;
     strings::ustring8 piece;
-    try {
-      for (;;) {
-        if (at_end()) throw unexpected_end();
-        switch (kind()) {
-          case tk_character:
-            piece.append(value());
-            ++m_pos;
-            break;
-          case tk_space:
-            // One blank per run: none at the very start, none after a blank; right after an
-            // argument the (empty) piece still takes one.
-            if ((!piece.empty() || !items.empty()) && (piece.empty() || piece.back() != ' ')) {
-              piece.push_back(' ');
+    for (;;) {
+      if (at_end()) throw unexpected_end();
+      switch (kind()) {
+        case tk_character:
+          piece.append(value());
+          ++m_pos;
+          break;
+        case tk_space:
+          // One blank per run: none at the very start, none after a blank; right after an
+          // argument the (empty) piece still takes one.
+          if ((!piece.empty() || !items.empty()) && (piece.empty() || piece.back() != ' ')) {
+            piece.push_back(' ');
+          }
+          ++m_pos;
+          break;
+        case tk_comment:
+          ++m_pos;
+          break;
+        case tk_element_start:
+          if (value() == "br") {
+            parse_br();
+            piece.push_back('\n');
+          } else if (value() == "arg" || value() == "argument") {
+            if (!piece.empty()) {
+              items.emplace_back(piece);
+              piece.clear();
             }
-            ++m_pos;
-            break;
-          case tk_comment:
-            ++m_pos;
-            break;
-          case tk_element_start:
-            if (value() == "br") {
-              parse_br();
-              piece.push_back('\n');
-            } else if (value() == "arg" || value() == "argument") {
-              if (!piece.empty()) {
-                items.emplace_back(piece);
-                piece.clear();
-              }
+            // Only an argument's errors name the message: the message's own errors
+            // (end tag, br, foreign elements) carry the catalog line alone.
+            try {
               items.push_back(parse_argument());
-            } else {
-              throw load_error(xmc_file_loader::invalid_element, value());
+            } catch (load_error& e) {
+              e.append_error_stack(load_error::in_message, name);
+              throw;
             }
-            break;
-          case tk_element_end:
-            if (value() != "msg") throw load_error(xmc_file_loader::msg_end_tag_missing, name);
-            ++m_pos;
-            if (!piece.empty()) items.emplace_back(piece);
-            return message_t(name, std::move(items), meta);
-          default:
-            throw load_error(xmc_file_loader::msg_end_tag_missing, name);
-        }
+          } else {
+            throw load_error(xmc_file_loader::invalid_element, value());
+          }
+          break;
+        case tk_element_end:
+          if (value() != "msg") throw load_error(xmc_file_loader::msg_end_tag_missing, name);
+          ++m_pos;
+          if (!piece.empty()) items.emplace_back(piece);
+          return message_t(name, std::move(items), meta);
+        default:
+          throw load_error(xmc_file_loader::msg_end_tag_missing, name);
       }
-    } catch (load_error& e) {
-      e.append_error_stack(load_error::in_message, name);
-      throw;
     }
   }
 

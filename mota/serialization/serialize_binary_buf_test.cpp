@@ -1,0 +1,80 @@
+#include <mota/serialization/serialize_binary_buf.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace {
+
+using mota::serialization::serialize_binary_buf;
+
+// The machine representation of `value`, which the binary encoding must write.
+template <class T>
+std::string bytes_of(T value) {
+  std::string bytes(sizeof value, '\0');
+  std::memcpy(&bytes[0], &value, sizeof value);
+  return bytes;
+}
+
+TEST(SerializeBinaryBuf, WritesEachValueInMachineOrderWithoutSeparators) {
+  serialize_binary_buf buf;
+  buf.append_int8(-2);
+  buf.append_int16(0x0102);
+  buf.append_int32(-3);
+  buf.append_int64(0x0102030405060708LL);
+  buf.append_uint8(0xFE);
+  buf.append_uint16(0xABCD);
+  buf.append_uint32(0xDEADBEEFu);
+  buf.append_uint64(0x8000000000000001ULL);
+  buf.append_float(1.5f, 2);
+  buf.append_double(-0.25, 2);
+  buf.append_string(std::string("a\0b", 3));
+  const std::string expected =
+      std::string("\xFE") + bytes_of<short>(0x0102) + bytes_of<int>(-3) +
+      bytes_of<long long>(0x0102030405060708LL) + "\xFE" + bytes_of<unsigned short>(0xABCD) +
+      bytes_of<unsigned int>(0xDEADBEEFu) + bytes_of<unsigned long long>(0x8000000000000001ULL) +
+      bytes_of(1.5f) + bytes_of(-0.25) + bytes_of<std::uint32_t>(3) + std::string("a\0b", 3);
+  EXPECT_EQ(expected, buf.as_str());
+}
+
+TEST(SerializeBinaryBuf, AtTheEndReadsGiveZerosAndLaterAppendsAreRead) {
+  serialize_binary_buf buf;
+  EXPECT_EQ(nullptr, buf.read_buffer());
+  buf.append_int16(7);
+  EXPECT_EQ(7, buf.read_int16());
+  EXPECT_EQ(0u, buf.read_uint64());
+  buf.append_uint8(9);
+  EXPECT_EQ(9, buf.read_uint8());
+}
+
+TEST(SerializeBinaryBuf, TruncatedValuesReadAsZeroPaddedAndEndTheBuffer) {
+  const std::string three("\x01\x02\x03", 3);
+  serialize_binary_buf buf(three);
+  int padded = 0;
+  std::memcpy(&padded, three.data(), 3);
+  EXPECT_EQ(padded, buf.read_int32());
+  EXPECT_TRUE(buf.at_end());
+  EXPECT_EQ(0, buf.read_int8());
+
+  // A string whose length prefix itself is cut short is empty.
+  serialize_binary_buf short_length(std::string("\x05\x00", 2));
+  EXPECT_EQ("", short_length.read_string());
+  EXPECT_TRUE(short_length.at_end());
+
+  // A string announcing more bytes than remain gives those that remain.
+  serialize_binary_buf short_bytes(bytes_of<std::uint32_t>(1000) + "xyz");
+  EXPECT_EQ("xyz", short_bytes.read_string());
+  EXPECT_TRUE(short_bytes.at_end());
+
+  // The largest length must not wrap the position back into the content.
+  serialize_binary_buf huge(bytes_of<std::uint32_t>(0xFFFFFFFFu) + "abcdefgh");
+  std::unique_ptr<serialize_binary_buf> inner(huge.read_buffer());
+  EXPECT_EQ("abcdefgh", inner->as_str());
+  EXPECT_TRUE(huge.at_end());
+  EXPECT_EQ(0, huge.read_int8());
+}
+
+}  // namespace

@@ -1,0 +1,357 @@
+#include <mota/serialization/serialize_text_buf.hpp>
+
+#include <mota/generic/convert/str_to_float.hpp>
+#include <mota/generic/convert/str_to_x.hpp>
+#include <mota/generic/convert/x_to_str.hpp>
+#include <mota/serialization/_private/read_position.hpp>
+#include <mota/strings/ustring.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <locale>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace MOTA_2_18 {
+namespace serialization {
+
+namespace convert = generic::convert;
+using _private::advance_position;
+
+namespace {
+
+// The parsers detect the radix from the text ("0x", "0b", a leading "0").
+constexpr types::radix_t::base detect_radix = types::radix_t::detect;
+
+// The failure a standard substring taken from beyond the end reports, word for word.
+[[noreturn]] void throw_beyond_content(std::size_t position, std::size_t size) {
+  char message[128];
+  std::snprintf(message, sizeof message, "%s: __pos (which is %zu) > this->size() (which is %zu)",
+                "basic_string::substr", position, size);
+  throw std::out_of_range(message);
+}
+
+// Enough for the longest decimal of a 64-bit value, its sign and the terminating zero.
+constexpr std::size_t number_buffer_size = 24;
+
+// No double has more significant decimal digits than this, so any larger precision writes the
+// same text.
+constexpr unsigned int max_useful_precision = 800;
+
+// Appends `value` as a std::stringstream with `precision` writes it in default notation.
+// With the classic global locale that text equals printf's "%.*g", which std::to_chars gives
+// without building a stream; any other global locale goes through the stream itself.
+void append_floating(std::string& content, double value, unsigned int precision) {
+  if (std::locale() == std::locale::classic()) {
+    char text[max_useful_precision + 32];
+    const int digits = static_cast<int>(std::min(precision, max_useful_precision));
+    const auto result =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits);
+    if (result.ec == std::errc()) {
+      content.append(text, result.ptr);
+      return;
+    }
+  }
+  std::ostringstream stream;
+  stream.precision(static_cast<std::streamsize>(precision));
+  stream << value;
+  content += stream.str();
+}
+
+// Parses a plain decimal token ("-12.5e3" and the like) without building a stream. With the
+// classic global locale such a token gives exactly what generic::convert's stream extraction
+// gives: both round correctly. Anything else (blanks, "+", "inf", a trailing rest, overflow,
+// subnormal results, another global locale) returns false and is left to generic::convert.
+template <class T>
+bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
+  if (length == 0 || length > 64) return false;
+  if (token[0] != '-' && (token[0] < '0' || token[0] > '9')) return false;
+  for (std::size_t i = 0; i < length; ++i) {
+    const char c = token[i];
+    if ((c < '0' || c > '9') && c != '.' && c != 'e' && c != 'E' && c != '-' && c != '+') {
+      return false;
+    }
+  }
+  const auto result = std::from_chars(token, token + length, value);
+  if (result.ec != std::errc() || result.ptr != token + length) return false;
+  if (value != 0 && !std::isnormal(value)) return false;
+  return std::locale() == std::locale::classic();
+}
+
+}  // namespace
+
+serialize_text_buf::serialize_text_buf() : m_read_pos(0) {}
+
+serialize_text_buf::serialize_text_buf(const serialize_text_buf& other)
+    : serialize_buffer(other), m_content(other.m_content), m_read_pos(other.m_read_pos) {}
+
+serialize_text_buf::serialize_text_buf(const serialize_buffer& other)
+    : m_content(other.as_str()), m_read_pos(0) {}
+
+serialize_text_buf::serialize_text_buf(const std::string& bytes)
+    : m_content(bytes), m_read_pos(0) {}
+
+serialize_text_buf& serialize_text_buf::operator=(const serialize_text_buf& other) {
+  m_content = other.m_content;
+  m_read_pos = other.m_read_pos;
+  return *this;
+}
+
+serialize_text_buf::serialize_text_buf(serialize_text_buf&& other) noexcept
+    : serialize_buffer(other),
+      m_content(std::move(other.m_content)),
+      m_read_pos(other.m_read_pos) {}
+
+serialize_text_buf& serialize_text_buf::operator=(serialize_text_buf&& other) noexcept {
+  m_content = std::move(other.m_content);
+  m_read_pos = other.m_read_pos;
+  return *this;
+}
+
+serialize_text_buf::~serialize_text_buf() = default;
+
+void serialize_text_buf::assign(const serialize_buffer& other) {
+  if (&other == this) return;
+  if (const auto* same = dynamic_cast<const serialize_text_buf*>(&other)) {
+    m_content = same->m_content;
+  } else {
+    m_content = other.as_str();
+  }
+}
+
+void serialize_text_buf::assign(const std::string& bytes) {
+  m_content = bytes;
+}
+
+void serialize_text_buf::assign(const char* bytes, int length) {
+  if (bytes == nullptr || length <= 0) {
+    m_content.clear();
+  } else {
+    m_content.assign(bytes, static_cast<std::size_t>(length));
+  }
+}
+
+std::string serialize_text_buf::as_str() const {
+  return m_content;
+}
+
+void serialize_text_buf::append_int8(const signed char& value) {
+  append_int32(value);
+}
+
+void serialize_text_buf::append_int16(const short& value) {
+  append_int32(value);
+}
+
+void serialize_text_buf::append_int32(const int& value) {
+  char text[number_buffer_size];
+  convert::ltoa(value, text, 10);
+  m_content.append(text);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_int64(const long long& value) {
+  char text[number_buffer_size];
+  convert::lltoa(value, text, 10);
+  m_content.append(text);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_uint8(const unsigned char& value) {
+  append_uint32(value);
+}
+
+void serialize_text_buf::append_uint16(const unsigned short& value) {
+  append_uint32(value);
+}
+
+void serialize_text_buf::append_uint32(const unsigned int& value) {
+  char text[number_buffer_size];
+  convert::ultoa(value, text, 10);
+  m_content.append(text);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_uint64(const unsigned long long& value) {
+  char text[number_buffer_size];
+  convert::ulltoa(value, text, 10);
+  m_content.append(text);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_float(const float& value, const unsigned int& precision) {
+  append_floating(m_content, static_cast<double>(value), precision);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_double(const double& value, const unsigned int& precision) {
+  append_floating(m_content, value, precision);
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_string(const std::string& value) {
+  char text[number_buffer_size];
+  convert::ulltoa(static_cast<unsigned long long>(value.size()), text, 10);
+  m_content.append(text);
+  m_content.push_back(separator);
+  m_content += value;
+  m_content.push_back(separator);
+}
+
+void serialize_text_buf::append_buffer(const serialize_buffer& other) {
+  // as_str() copies first, so appending a buffer to itself is safe.
+  append_string(other.as_str());
+}
+
+bool serialize_text_buf::next_token(const char*& token, std::size_t& length) const {
+  if (m_read_pos == exhausted) return false;
+  const std::size_t position = m_read_pos;
+  const std::size_t size = m_content.size();
+  if (position > size) throw_beyond_content(position, size);
+  token = m_content.data() + position;
+  const void* found = std::memchr(token, separator, size - position);
+  if (found == nullptr) {
+    length = size - position;
+    m_read_pos = exhausted;
+  } else {
+    length = static_cast<std::size_t>(static_cast<const char*>(found) - token);
+    m_read_pos = advance_position(m_read_pos, length + 1);
+  }
+  return true;
+}
+
+// The number reads: zero when exhausted, otherwise the token parsed by generic::convert. An
+// empty token is 0 for every parser; it is not handed on because a length of 0 tells the signed
+// parsers to measure a zero-terminated text.
+
+signed char serialize_text_buf::read_int8() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_int8(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+short serialize_text_buf::read_int16() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_int16(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+int serialize_text_buf::read_int32() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_int32(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+long long serialize_text_buf::read_int64() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_int64(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+unsigned char serialize_text_buf::read_uint8() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_uint8(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+unsigned short serialize_text_buf::read_uint16() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_uint16(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+unsigned int serialize_text_buf::read_uint32() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_uint32(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+unsigned long long serialize_text_buf::read_uint64() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length) || length == 0) return 0;
+  return convert::str_to_uint64(token, static_cast<unsigned int>(length), detect_radix, false);
+}
+
+float serialize_text_buf::read_float() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length)) return 0.0f;
+  float value = 0.0f;
+  if (parse_plain_decimal(token, length, value)) return value;
+  return convert::str_to_float(strings::ustring8(token, length));
+}
+
+double serialize_text_buf::read_double() const {
+  const char* token = nullptr;
+  std::size_t length = 0;
+  if (!next_token(token, length)) return 0.0;
+  double value = 0.0;
+  if (parse_plain_decimal(token, length, value)) return value;
+  return convert::str_to_double(strings::ustring8(token, length));
+}
+
+bool serialize_text_buf::take_string(std::size_t& offset, std::size_t& length) const {
+  const char* token = nullptr;
+  std::size_t digits = 0;
+  if (!next_token(token, digits)) return false;
+  const std::uint32_t announced =
+      digits == 0
+          ? 0
+          : convert::str_to_uint32(token, static_cast<unsigned int>(digits), detect_radix, false);
+  if (m_read_pos == exhausted) return false;
+  // The length token ended at a separator inside the content, so the position is within it.
+  offset = m_read_pos;
+  length = std::min<std::size_t>(announced, m_content.size() - offset);
+  // Past the bytes and their trailing separator, wherever that lands.
+  m_read_pos = advance_position(m_read_pos, static_cast<std::uint64_t>(announced) + 1);
+  return true;
+}
+
+std::string serialize_text_buf::read_string() const {
+  std::size_t offset = 0;
+  std::size_t length = 0;
+  if (!take_string(offset, length)) return std::string();
+  return m_content.substr(offset, length);
+}
+
+serialize_text_buf* serialize_text_buf::read_buffer() const {
+  const std::string bytes = read_string();
+  auto* buffer = new serialize_text_buf(bytes);
+  buffer->delete_on_zero(true);
+  return buffer;
+}
+
+bool serialize_text_buf::at_end() const {
+  return m_read_pos == exhausted || m_read_pos >= m_content.size();
+}
+
+void serialize_text_buf::reset_read() const {
+  m_read_pos = 0;
+}
+
+serialize_text_buf* serialize_text_buf::create() const {
+  auto* buffer = new serialize_text_buf();
+  buffer->delete_on_zero(true);
+  return buffer;
+}
+
+serialize_text_buf* serialize_text_buf::clone() const {
+  auto* buffer = new serialize_text_buf(*this);
+  buffer->delete_on_zero(true);
+  return buffer;
+}
+
+}  // namespace serialization
+}  // namespace MOTA_2_18
