@@ -381,7 +381,6 @@ TEST(ToolCatalogCheck, FaultyCatalogsPrintTheLoaderMessageWithItsTrail) {
                              "XMC but \"messages\"\n in file: \"@\""},
       {"br_with_content.xmc", invalid +
                                   "xmc_file_loader::load_error - Expected BR end tag not found\n"
-                                  " in message element: \"receipt\"\n"
                                   " in catalog element: \"shop\"\n"
                                   " in file: \"@\""},
       {"no_language.xmc", "message_catalogs::result_type - No catalog was loaded in file: \"@\""},
