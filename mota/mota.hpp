@@ -5,6 +5,17 @@
 #ifndef MOTA_MOTA_HPP
 #define MOTA_MOTA_HPP
 
+#include <mota/config/base_config_item.hpp>
+#include <mota/config/commandline_item.hpp>
+#include <mota/config/config_dispatch.hpp>
+#include <mota/config/config_manager.hpp>
+#include <mota/config/config_token.hpp>
+#include <mota/config/config_tree.hpp>
+#include <mota/config/enviroment_item.hpp>
+#include <mota/config/file_item.hpp>
+#include <mota/config/module_config_dispatch.hpp>
+#include <mota/config/std_config_dispatch.hpp>
+#include <mota/config/user_item.hpp>
 #include <mota/debug/assert.hpp>
 #include <mota/exceptions/exception.hpp>
 #include <mota/exceptions/logic_error.hpp>

@@ -11,6 +11,7 @@ namespace serialization {
 
 namespace convert = generic::convert;
 using _private::advance_position;
+using _private::throw_beyond_content;
 
 serialize_binary_buf::serialize_binary_buf() : m_read_pos(0) {}
 
@@ -191,10 +192,16 @@ double serialize_binary_buf::read_double() const {
 
 std::string serialize_binary_buf::read_string() const {
   if (at_end()) return std::string();
+  const std::size_t start = m_read_pos;
+  if (m_content.size() - start < 4) {
+    // The length itself is cut short: the position moves past its 4 bytes, beyond the
+    // content, and the bytes cannot be taken from there.
+    m_read_pos = advance_position(m_read_pos, 4);
+    throw_beyond_content(start + 4, m_content.size());
+  }
   char scratch[4];
   const std::uint32_t length = convert::bin_str_to_uint32(take(sizeof scratch, scratch));
-  // The length read never leaves the position beyond the content, so substr cannot throw;
-  // it only fails to address content of 4 GiB and more, which reads as exhausted.
+  // Content of 4 GiB and more cannot be addressed and reads as exhausted.
   if (m_read_pos == exhausted) return std::string();
   std::string bytes = m_content.substr(m_read_pos, length);
   m_read_pos = advance_position(m_read_pos, length);

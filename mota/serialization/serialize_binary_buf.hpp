@@ -68,7 +68,9 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   float read_float() const override;
   double read_double() const override;
   // The string announced by the next 4-byte length (cut short where the content ends), or an
-  // empty string at the end. Never throws for positions beyond the content: those are at_end().
+  // empty string at the end. When fewer than 4 bytes are left for the length, the position
+  // moves 4 bytes on, beyond the content, and std::out_of_range is thrown
+  // ("basic_string::substr: __pos (which is P) > this->size() (which is S)").
   std::string read_string() const override;
   // Like read_string, as a new heap serialize_binary_buf (delete flag set); null at the end.
   serialize_binary_buf* read_buffer() const override;

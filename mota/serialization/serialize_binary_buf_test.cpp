@@ -1,10 +1,13 @@
 #include <mota/serialization/serialize_binary_buf.hpp>
 
+#include <mota_test.hpp>
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 namespace {
@@ -59,10 +62,17 @@ TEST(SerializeBinaryBuf, TruncatedValuesReadAsZeroPaddedAndEndTheBuffer) {
   EXPECT_TRUE(buf.at_end());
   EXPECT_EQ(0, buf.read_int8());
 
-  // A string whose length prefix itself is cut short is empty.
-  serialize_binary_buf short_length(std::string("\x05\x00", 2));
-  EXPECT_EQ("", short_length.read_string());
+  // A length prefix cut short leaves the position past its 4 bytes, beyond the content, where
+  // no bytes can be taken; afterwards the buffer reads as ended.
+  serialize_binary_buf short_length(std::string("ab\x05\x00", 4));
+  EXPECT_EQ('a', short_length.read_int8());
+  EXPECT_THROW_WHAT(short_length.read_string(), std::out_of_range,
+                    "basic_string::substr: __pos (which is 5) > this->size() (which is 4)");
   EXPECT_TRUE(short_length.at_end());
+  EXPECT_EQ("", short_length.read_string());
+  serialize_binary_buf short_buffer(std::string("\x05\x00\x00", 3));
+  EXPECT_THROW_WHAT(short_buffer.read_buffer(), std::out_of_range,
+                    "basic_string::substr: __pos (which is 4) > this->size() (which is 3)");
 
   // A string announcing more bytes than remain gives those that remain.
   serialize_binary_buf short_bytes(bytes_of<std::uint32_t>(1000) + "xyz");

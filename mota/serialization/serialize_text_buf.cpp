@@ -9,11 +9,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
 #include <locale>
 #include <sstream>
-#include <stdexcept>
 #include <utility>
 
 namespace MOTA_2_18 {
@@ -21,19 +19,12 @@ namespace serialization {
 
 namespace convert = generic::convert;
 using _private::advance_position;
+using _private::throw_beyond_content;
 
 namespace {
 
 // The parsers detect the radix from the text ("0x", "0b", a leading "0").
 constexpr types::radix_t::base detect_radix = types::radix_t::detect;
-
-// The failure a standard substring taken from beyond the end reports, word for word.
-[[noreturn]] void throw_beyond_content(std::size_t position, std::size_t size) {
-  char message[128];
-  std::snprintf(message, sizeof message, "%s: __pos (which is %zu) > this->size() (which is %zu)",
-                "basic_string::substr", position, size);
-  throw std::out_of_range(message);
-}
 
 // Enough for the longest decimal of a 64-bit value, its sign and the terminating zero.
 constexpr std::size_t number_buffer_size = 24;

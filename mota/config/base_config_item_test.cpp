@@ -1,0 +1,171 @@
+#include <mota/config/base_config_item.hpp>
+#include <mota/config/user_item.hpp>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using mota::config::base_config_item;
+using mota::config::config_token;
+using mota::config::user_item;
+using mota::generic::argument;
+using mota::generic::varg_list;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+std::string text_of(const base_config_item& item, const std::string& key) {
+  const auto* node = item.get_value(key);
+  return node == nullptr ? "<none>" : std::to_string(node->first) + ":" + node->second.as_string();
+}
+
+}  // namespace
+
+TEST(ConfigItem, SetStoresFlagsAndValues) {
+  user_item item;
+  item.set("a.b", variant(ustring8("x")), 4u);
+  item.set(std::make_pair(ustring8("n"), variant(42)), 0u);
+  item.set("a.b", variant(ustring8("y")), 0u);  // replaces flags and value
+  EXPECT_EQ("0:y", text_of(item, "a.b"));
+  EXPECT_EQ("0:42", text_of(item, "n"));
+  EXPECT_EQ("<none>", text_of(item, "a"));
+  item.set("", variant(1), 0u);
+  EXPECT_EQ("<none>", text_of(item, ""));
+  EXPECT_EQ("user item", item.get_id());
+}
+
+TEST(ConfigItem, SetTextSplitsAtTheFirstEqualsToken) {
+  const std::vector<std::pair<std::string, std::pair<std::string, std::string>>> cases = {
+      {"a=1", {"a", "0:1"}},
+      {"PATH=/usr/bin:/opt=x", {"PATH", "0:/usr/bin:/opt=x"}},
+      {"EMPTY=", {"EMPTY", "0:"}},
+      {"k = v w", {"k ", "0: v w"}},
+      {"LONE", {"LONE", "0:"}},
+      {"\"q=r\"=s", {"\"q=r\"", "0:s"}},  // "=" inside a string is not a separator
+  };
+  for (const auto& [text, want] : cases) {
+    user_item item;
+    item.set(ustring8(text), 0u);
+    EXPECT_EQ(want.second, text_of(item, want.first)) << text;
+  }
+  user_item item;
+  item.set(ustring8("=v"), 0u);  // empty key
+  EXPECT_TRUE(item.get_tree().empty());
+}
+
+TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparator) {
+  using P = std::pair<ustring8, ustring8>;
+  EXPECT_EQ(P("a", "b:c"), base_config_item::make_key_value("a:b:c", config_token::T_COLON));
+  EXPECT_EQ(P("a:=b", ""), base_config_item::make_key_value("a:=b", config_token::T_COLON));
+  EXPECT_EQ(P("x", "y"), base_config_item::make_key_value("x==y", config_token::T_EQEQ));
+  EXPECT_EQ(P("", ""), base_config_item::make_key_value("", config_token::T_EQ));
+}
+
+TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
+  user_item item;
+  varg_list values;
+  for (const char* v : {"r", "g", "b"})
+    values.push_back(argument(variant(ustring8(v))));
+  varg_list names;
+  names.push_back(argument(variant(ustring8("red"))));
+  names.push_back(argument(variant(ustring8("green"))));
+  item.set_array("colours", names, values);
+  EXPECT_EQ("3:3", text_of(item, "colours"));
+  EXPECT_EQ("0:r", text_of(item, "colours.red"));
+  EXPECT_EQ("0:b", text_of(item, "colours.2"));  // past the names: its position
+
+  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
+  ASSERT_TRUE(item.get_array("colours", elements));
+  ASSERT_EQ(3u, elements.size());
+  EXPECT_EQ("red", elements[0].first);
+  EXPECT_EQ("green", elements[1].first);
+  EXPECT_EQ("2", elements[2].first);
+  EXPECT_EQ("g", elements[1].second.second.as_string());
+  EXPECT_EQ(0u, elements[1].second.first);
+
+  // Twelve positional elements come back in numeric, not text, order.
+  varg_list many;
+  for (int i = 0; i < 12; ++i)
+    many.push_back(argument(variant(i)));
+  item.set_array("colours", varg_list(), many);
+  EXPECT_EQ("<none>", text_of(item, "colours.red"));
+  std::vector<std::pair<ustring8, variant>> pairs;
+  ASSERT_TRUE(item.get_value_pair_array("colours", pairs));
+  ASSERT_EQ(12u, pairs.size());
+  EXPECT_EQ("10", pairs[10].first);
+  EXPECT_EQ("11", pairs[11].second.as_string());
+
+  pairs.clear();
+  EXPECT_FALSE(item.get_value_pair_array("colours.1", pairs));
+  EXPECT_FALSE(item.get_array("missing", elements));
+  EXPECT_TRUE(pairs.empty());
+}
+
+TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
+  user_item item;
+  for (const char* key : {"a", "a.b", "a.b.c", "ab", "a-"})
+    item.set(key, variant(1), 0u);
+  mota::config::config_tree tree = item.get_tree();
+  tree.erase("a");
+  EXPECT_EQ(2u, tree.size());
+  EXPECT_NE(nullptr, tree.get_node("ab"));
+  EXPECT_NE(nullptr, tree.get_node("a-"));
+  EXPECT_NE(nullptr, item.get_value("a.b.c"));  // the copy is independent
+
+  ustring8 head, rest;
+  EXPECT_TRUE(mota::config::config_tree::parse_string("a.b.c", head, rest));
+  EXPECT_EQ("a", head);
+  EXPECT_EQ("b.c", rest);
+  EXPECT_FALSE(mota::config::config_tree::parse_string("abc", head, rest));
+  EXPECT_EQ("abc", head);
+  EXPECT_EQ("", rest);
+}
+
+TEST(ConfigItem, CloneCopiesTheTree) {
+  user_item item;
+  item.set("k", variant(ustring8("v")), 0u);
+  base_config_item* copy = item.clone();
+  item.set("k", variant(ustring8("changed")), 0u);
+  EXPECT_EQ("0:v", text_of(*copy, "k"));
+  EXPECT_EQ("user item", copy->get_id());
+  EXPECT_EQ(0, copy->reference_count());
+  delete copy;
+}
+
+TEST(ConfigItem, DumpListsEveryNode) {
+  user_item item;
+  item.set("b", variant(ustring8("two words")), 0u);
+  item.set("link", variant(ustring8("b")), 4u);
+  varg_list values;
+  values.push_back(argument(variant(ustring8("x"))));
+  item.set_array("a", varg_list(), values);
+  std::ostringstream out;
+  out << item;
+  EXPECT_EQ(
+      "|---------------\\\n"
+      "a[]|\t\t1\n"
+      "a.0|\t\tx\n"
+      "b|\t\ttwo words\n"
+      "link?|\t\tb\n"
+      "end\n",
+      out.str());
+}
+
+TEST(ConfigQuoteValue, QuotesOnlyTextWithBlanks) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"plain", "plain"},
+      {"", ""},
+      {"a b", "\"a b\""},
+      {"a\tb", "\"a\tb\""},
+      {"a\r", "\"a\r\""},
+      {"\n", "\"\n\""},
+      {"say \"hi\"", "\"say \"hi\"\""},
+      {"a#b", "a#b"},
+      {"x\"y", "x\"y"},
+  };
+  for (const auto& [in, out] : cases)
+    EXPECT_EQ(out, mota::config::quote_value(in)) << in;
+}

@@ -1,0 +1,118 @@
+#include <mota/config/commandline_item.hpp>
+#include <mota/config/enviroment_item.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using mota::config::base_config_item;
+using mota::config::commandline_item;
+using mota::config::config_tree;
+using mota::config::enviroment_item;
+
+std::string render(const base_config_item& item) {
+  std::string out;
+  item.get_tree().visit([&](const std::string& key, const config_tree::node_t& node,
+                            const std::vector<std::string>&) {
+    out += key + "=" + std::to_string(node.first) + ":" + node.second.as_string() + "\n";
+  });
+  return out;
+}
+
+// Loads a command line and returns its tree and what it printed.
+std::pair<std::string, std::string> load(const std::vector<const char*>& argv) {
+  commandline_item item(static_cast<unsigned>(argv.size()), argv.data());
+  testing::internal::CaptureStdout();
+  EXPECT_TRUE(item.load());
+  const std::string printed = testing::internal::GetCapturedStdout();
+  return {render(item), printed};
+}
+
+}  // namespace
+
+TEST(ConfigCommandLine, ProgramName) {
+  const std::vector<std::pair<const char*, std::string>> cases = {
+      {"/usr/bin/my.tool.bin",
+       "application.name=0:my.tool.bin\napplication.name.extention=0:bin\n"
+       "application.name.raw=0:mytool\n"},
+      {"./prog", "application.name=0:prog\napplication.name.raw=0:prog\n"},
+      {"prog.sh",
+       "application.name=0:prog.sh\napplication.name.extention=0:sh\n"
+       "application.name.raw=0:prog\n"},
+      {"dir/", ""},
+      {"", ""},
+  };
+  for (const auto& [argv0, want] : cases)
+    EXPECT_EQ(want, load({argv0}).first) << argv0;
+}
+
+TEST(ConfigCommandLine, KeysValuesArraysAndFlags) {
+  const auto [tree, printed] =
+      load({"", "-a=1", "/b:2", "-c:=3", "-d", "-e", "val", "-f=x,y,,z", "-g+=5", "-h>=6",
+            "-i=", "-j", "-k=a b", "-l", "-m=n=o", "-p.q=r", "-", "-s*=t"});
+  EXPECT_EQ("", printed);
+  EXPECT_EQ(
+      "a=0:1\nb=0:2\nc=0:3\nd=0:1\ne=0:val\n"
+      "f=3:3\nf.0=0:x\nf.1=0:y\nf.2=0:z\n"
+      "g=0:5\nh=0:6\ni=0:\nj=0:1\nk=0:a b\nl=0:1\nm=0:n=o\np.q=0:r\ns=0:t\n",
+      tree);
+}
+
+TEST(ConfigCommandLine, ValueInTheNextArgument) {
+  EXPECT_EQ("x=0:y\n", load({"", "-x=", "y"}).first);
+  EXPECT_EQ("x=0:1\ny=0:2\n", load({"", "-x", "1", "/y", "2"}).first);
+  // The next argument is an option, not a value.
+  EXPECT_EQ("x=0:1\ny=0:1\n", load({"", "-x", "-y"}).first);
+  EXPECT_EQ("x=3:2\nx.0=0:a\nx.1=0:b\n", load({"", "-x", "a,b"}).first);
+}
+
+TEST(ConfigCommandLine, UnknownArgumentsWarnAndAreSkipped) {
+  const auto [tree, printed] = load({"", "x=1", "-k=v", "plain", ""});
+  EXPECT_EQ("k=0:v\n", tree);
+  EXPECT_EQ(
+      "Warning! unknown key:x=1\nIgnoring key and continuing\n"
+      "Warning! unknown key:plain\nIgnoring key and continuing\n"
+      "Warning! unknown key:\nIgnoring key and continuing\n",
+      printed);
+}
+
+TEST(ConfigCommandLine, ReloadNullEntriesAndClone) {
+  std::vector<const char*> argv = {"prog", nullptr, "-a=1"};
+  commandline_item item(3, argv.data());
+  EXPECT_EQ("command line", item.get_id());
+  EXPECT_EQ(argv.data(), item.get_argv());
+  EXPECT_TRUE(item.load());
+  item.set("extra", mota::types::variant(1), 0u);
+  EXPECT_TRUE(item.load());  // a load starts from scratch
+  EXPECT_EQ("a=0:1\napplication.name=0:prog\napplication.name.raw=0:prog\n", render(item));
+  commandline_item* copy = item.clone();
+  item.unload();
+  EXPECT_EQ("", render(item));
+  EXPECT_EQ("a=0:1\napplication.name=0:prog\napplication.name.raw=0:prog\n", render(*copy));
+  delete copy;
+
+  commandline_item none(5, nullptr);
+  EXPECT_TRUE(none.load());
+  EXPECT_EQ("", render(none));
+}
+
+TEST(ConfigEnvironment, SplitsEachEntryAtItsFirstEquals) {
+  const char* envp[] = {"HOME=/home/u", "LS=a=b:c", "EMPTY=", "X==y", nullptr, "NOT=read"};
+  enviroment_item env(envp);
+  EXPECT_EQ("enviroment", env.get_id());
+  EXPECT_EQ(envp, env.get_envp());
+  EXPECT_TRUE(env.load());
+  // "==" is one token, so "X==y" has no "=" token to split at.
+  EXPECT_EQ("EMPTY=0:\nHOME=0:/home/u\nLS=0:a=b:c\nX==y=0:\n", render(env));
+  env.unload();
+  EXPECT_EQ("", render(env));
+
+  const char* empty[] = {nullptr};
+  enviroment_item none(empty), null(nullptr);
+  EXPECT_TRUE(none.load());
+  EXPECT_TRUE(null.load());
+  EXPECT_EQ("", render(none) + render(null));
+}

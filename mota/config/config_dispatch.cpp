@@ -1,0 +1,33 @@
+#include <mota/config/config_dispatch.hpp>
+
+namespace MOTA_2_18 {
+namespace config {
+
+config_dispatch::~config_dispatch() = default;
+
+bool config_dispatch::load_each(item_list& items) {
+  bool all = true;
+  for (auto& item : items)
+    if (item && !item->load(items)) all = false;
+  return all;
+}
+
+void config_dispatch::unload_each(item_list& items) {
+  for (auto& item : items)
+    if (item) item->unload();
+}
+
+bool config_dispatch::save_each(item_list& items) {
+  bool all = true;
+  for (auto& item : items)
+    if (item && !item->save(items)) all = false;
+  return all;
+}
+
+void config_dispatch::append(item_list& items, base_config_item* item) {
+  item->delete_on_zero(true);
+  items.emplace_back(item);
+}
+
+}  // namespace config
+}  // namespace MOTA_2_18

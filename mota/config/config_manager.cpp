@@ -1,0 +1,120 @@
+#include <mota/config/config_manager.hpp>
+
+#include <algorithm>
+#include <ostream>
+
+namespace MOTA_2_18 {
+namespace config {
+
+config_manager::config_manager() = default;
+
+config_manager::~config_manager() {
+  m_items.clear();
+  delete m_dispatch;
+}
+
+void config_manager::init(const config_dispatch& dispatch) {
+  config_dispatch* copy = dispatch.clone();
+  delete m_dispatch;
+  m_dispatch = copy;
+  m_items.clear();
+  m_dispatch->setup(m_items);
+}
+
+bool config_manager::load() {
+  return m_dispatch != nullptr && m_dispatch->load(m_items);
+}
+
+void config_manager::unload() {
+  if (m_dispatch != nullptr) m_dispatch->unload(m_items);
+}
+
+bool config_manager::save() {
+  return m_dispatch != nullptr && m_dispatch->save(m_items);
+}
+
+types::variant config_manager::get_value(const strings::ustring8& key,
+                                         const types::variant& default_value) const {
+  // Keys already followed through an indirection; a chain that comes back to one stops.
+  std::vector<strings::ustring8> visited;
+  strings::ustring8 target;
+  const strings::ustring8* current = &key;
+  bool restart = true;
+  while (restart) {
+    restart = false;
+    for (const item_pointer& item : m_items) {
+      if (!item) continue;
+      const base_config_item::node_t* node = item->get_value(*current);
+      if (node == nullptr) continue;
+      if (config_tree::is_array(node->first)) {
+        const base_config_item::node_t* first = item->get_value(*current + ".0");
+        return first != nullptr ? first->second : types::variant();
+      }
+      if ((node->first & config_tree::indirect_flag) == 0) return node->second;
+
+      visited.push_back(*current);
+      target = node->second.as_string();
+      if (std::find(visited.begin(), visited.end(), target) != visited.end()) return node->second;
+      current = &target;
+      restart = true;
+      break;
+    }
+  }
+  return default_value;
+}
+
+bool config_manager::value_exist(const strings::ustring8& key) const {
+  return get_value(key, types::variant()) != types::nil;
+}
+
+bool config_manager::is_array(const strings::ustring8& key) const {
+  for (const item_pointer& item : m_items) {
+    if (!item) continue;
+    const base_config_item::node_t* node = item->get_value(key);
+    if (node != nullptr && config_tree::is_array(node->first)) return true;
+  }
+  return false;
+}
+
+void config_manager::get_array(const strings::ustring8& key,
+                               std::vector<types::variant>& values) const {
+  values.clear();
+  std::vector<std::pair<strings::ustring8, types::variant>> elements;
+  get_key_value_array(key, elements);
+  values.reserve(elements.size());
+  for (auto& element : elements)
+    values.push_back(element.second);
+}
+
+void config_manager::get_key_value_array(
+    const strings::ustring8& key,
+    std::vector<std::pair<strings::ustring8, types::variant>>& values) const {
+  values.clear();
+  for (const item_pointer& item : m_items) {
+    if (item && item->get_value_pair_array(key, values)) return;
+  }
+}
+
+config_manager::item_pointer config_manager::get_config_item(const strings::ustring8& id) const {
+  for (const item_pointer& item : m_items) {
+    if (item && item->get_id() == id) return item;
+  }
+  return item_pointer();
+}
+
+void config_manager::dump(std::ostream& out) const {
+  out << "config_manager:\n";
+  for (const item_pointer& item : m_items) {
+    out << "\nconfig_item:\n";
+    if (item) item->dump(out);
+  }
+  out << "\nno more config_items!\n\nending output\n";
+}
+
+std::ostream& operator<<(std::ostream& out, const config_manager& manager) {
+  manager.dump(out);
+  return out;
+}
+
+}  // namespace config
+}  // namespace MOTA_2_18

@@ -1,0 +1,242 @@
+#include <mota/config/config_manager.hpp>
+#include <mota/config/module_config_dispatch.hpp>
+#include <mota/config/std_config_dispatch.hpp>
+#include <mota/config/user_item.hpp>
+
+#include <gtest/gtest.h>
+#include <mota_test.hpp>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using mota::config::base_config_item;
+using mota::config::config_dispatch;
+using mota::config::config_manager;
+using mota::config::user_item;
+using mota::generic::argument;
+using mota::generic::varg_list;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+// A dispatch that appends copies of prepared user items.
+class fixed_dispatch : public config_dispatch {
+ public:
+  explicit fixed_dispatch(std::vector<user_item> items) : m_items(std::move(items)) {}
+  void setup(item_list& items) override {
+    for (const user_item& item : m_items)
+      append(items, item.clone());
+  }
+  bool load(item_list& items) override { return load_each(items); }
+  void unload(item_list& items) override { unload_each(items); }
+  bool save(item_list& items) override { return save_each(items); }
+  fixed_dispatch* clone() const override { return new fixed_dispatch(*this); }
+
+ private:
+  std::vector<user_item> m_items;
+};
+
+void put(user_item& item, const char* key, const char* value, unsigned flags = 0u) {
+  item.set(key, variant(ustring8(value)), flags);
+}
+
+void put_array(user_item& item, const char* key, std::vector<const char*> values) {
+  varg_list list;
+  for (const char* v : values)
+    list.push_back(argument(variant(ustring8(v))));
+  item.set_array(key, varg_list(), list);
+}
+
+std::string text(const config_manager& m, const char* key) {
+  const variant v = m.get_value(key, variant(ustring8("<default>")));
+  return v == mota::types::nil ? "<nil>" : std::string(v.as_string());
+}
+
+constexpr unsigned indirect = base_config_item::indirect_flag;
+
+}  // namespace
+
+TEST(ConfigManager, FirstItemWinsAndArraysGiveTheirFirstElement) {
+  user_item a, b;
+  put(a, "x", "a");
+  put_array(a, "arr", {"p", "q"});
+  put(b, "x", "b");
+  put(b, "y", "yb");
+  put(b, "arr", "plain in b");
+  put_array(b, "empty", {});
+  put(b, "empty.0x", "not an element");
+  config_manager m;
+  m.init(fixed_dispatch({a, b}));
+
+  EXPECT_EQ("a", text(m, "x"));
+  EXPECT_EQ("yb", text(m, "y"));
+  EXPECT_EQ("p", text(m, "arr"));
+  EXPECT_EQ("<nil>", text(m, "empty"));  // no element: nil, not the default
+  EXPECT_EQ("<default>", text(m, "missing"));
+  EXPECT_TRUE(m.get_value("missing") == mota::types::nil);
+  EXPECT_TRUE(m.value_exist("y"));
+  EXPECT_TRUE(m.value_exist("arr"));
+  EXPECT_FALSE(m.value_exist("empty"));
+  EXPECT_FALSE(m.value_exist("missing"));
+}
+
+TEST(ConfigManager, ArrayQueries) {
+  user_item a, b;
+  put(a, "k", "plain first");
+  put_array(b, "k", {"1", "2", "3"});
+  put_array(b, "other", {"z"});
+  config_manager m;
+  m.init(fixed_dispatch({a, b}));
+
+  EXPECT_TRUE(m.is_array("k"));
+  EXPECT_FALSE(m.is_array("k.0"));
+  EXPECT_FALSE(m.is_array("missing"));
+  std::vector<variant> values{variant(9)};
+  m.get_array("k", values);
+  ASSERT_EQ(3u, values.size());
+  EXPECT_EQ("3", values[2].as_string());
+  std::vector<std::pair<ustring8, variant>> pairs;
+  m.get_key_value_array("k", pairs);
+  ASSERT_EQ(3u, pairs.size());
+  EXPECT_EQ("1", pairs[1].first);
+  EXPECT_EQ("2", pairs[1].second.as_string());
+  m.get_array("missing", values);
+  EXPECT_TRUE(values.empty());
+  m.get_key_value_array("missing", pairs);
+  EXPECT_TRUE(pairs.empty());
+}
+
+TEST(ConfigManager, IndirectionRestartsAtTheFirstItemAndStopsOnCycles) {
+  user_item a, b;
+  put(a, "ref", "target", indirect);
+  put(b, "target", "T");
+  put(a, "r1", "r2", indirect);  // r1 -> r2 (in b) -> r3 (in a and b)
+  put(b, "r2", "r3", indirect);
+  put(a, "r3", "from a");
+  put(b, "r3", "from b");
+  put(a, "self", "self", indirect);
+  put(a, "ping", "pong", indirect);
+  put(b, "pong", "ping", indirect);
+  put(a, "dangling", "nowhere", indirect);
+  put(a, "to_array", "arr", indirect);
+  put_array(b, "arr", {"first", "second"});
+  for (int i = 0; i < 50; ++i)  // a cycle of fifty keys spread over both items
+    put(i % 2 ? b : a, ("k" + std::to_string(i)).c_str(),
+        ("k" + std::to_string((i + 1) % 50)).c_str(), indirect);
+  config_manager m;
+  m.init(fixed_dispatch({a, b}));
+
+  EXPECT_EQ("T", text(m, "ref"));
+  EXPECT_EQ("from a", text(m, "r1"));
+  EXPECT_EQ("self", text(m, "self"));
+  EXPECT_EQ("ping", text(m, "ping"));  // pong's value names ping, already visited
+  EXPECT_EQ("pong", text(m, "pong"));
+  EXPECT_EQ("<default>", text(m, "dangling"));
+  EXPECT_EQ("first", text(m, "to_array"));
+  EXPECT_EQ("k0", text(m, "k0"));
+  EXPECT_EQ("k8", text(m, "k8"));  // k7 names k8 again
+}
+
+TEST(ConfigManager, ItemsByIdDumpAndInit) {
+  user_item a;
+  put(a, "k", "v");
+  config_manager m;
+  EXPECT_FALSE(m.load());
+  EXPECT_FALSE(m.save());
+  m.unload();
+  EXPECT_FALSE(m.get_config_item("user item"));
+  m.init(fixed_dispatch({a, user_item()}));
+
+  config_manager::item_pointer item = m.get_config_item("user item");
+  ASSERT_TRUE(item);
+  EXPECT_EQ(2, item->reference_count());  // the list's and ours
+  EXPECT_EQ(m.get_items().front(), item);
+  EXPECT_FALSE(m.get_config_item("command line"));
+
+  std::ostringstream out;
+  out << m;
+  EXPECT_EQ(
+      "config_manager:\n"
+      "\nconfig_item:\n|---------------\\\nk|\t\tv\nend\n"
+      "\nconfig_item:\n|---------------\\\nend\n"
+      "\nno more config_items!\n\nending output\n",
+      out.str());
+
+  user_item c;
+  put(c, "other", "1");
+  m.init(fixed_dispatch({c}));
+  EXPECT_EQ(1, item->reference_count());  // released by the manager
+  EXPECT_EQ(1u, m.get_items().size());
+  EXPECT_EQ("<default>", text(m, "k"));
+  EXPECT_EQ("1", text(m, "other"));
+}
+
+TEST(ConfigManager, CommandLineOverFileOverEnvironment) {
+  mota_test::temp_dir dir;
+  std::ofstream(dir / "app.cfg") << "# settings\nboth = file\nfileenv = \"from file\"\n"
+                                    "[list]\nitems[] = a, b\n";
+  const std::string cfg_flag = "-cfg_file=" + (dir / "other.cfg");
+  std::ofstream(dir / "other.cfg") << "fileenv = other\n";
+  std::vector<const char*> argv = {"/usr/bin/app.bin", "-both=cmd", "-flag"};
+  const char* envp[] = {"both=env", "fileenv=env", "envonly=env", nullptr};
+
+  config_manager m;
+  m.init(mota::config::std_config_dispatch(static_cast<int>(argv.size()), argv.data(), envp,
+                                           ustring8(dir / "app")));
+  std::vector<std::string> ids;
+  for (const auto& item : m.get_items())
+    ids.push_back(item->get_id());
+  EXPECT_EQ((std::vector<std::string>{"command line", "standard file", "enviroment"}), ids);
+
+  EXPECT_TRUE(m.load());
+  EXPECT_EQ("cmd", text(m, "both"));
+  EXPECT_EQ("from file", text(m, "fileenv"));
+  EXPECT_EQ("env", text(m, "envonly"));
+  EXPECT_EQ("a", text(m, "list.items"));
+  EXPECT_TRUE(m.get_value("flag").as_bool());
+  EXPECT_EQ("app", text(m, "application.name.raw"));
+
+  m.unload();
+  EXPECT_EQ("<default>", text(m, "both"));
+
+  // The command line names another file.
+  argv.push_back(cfg_flag.c_str());
+  m.init(mota::config::std_config_dispatch(static_cast<int>(argv.size()), argv.data(), envp,
+                                           ustring8(dir / "app")));
+  EXPECT_TRUE(m.load());
+  EXPECT_EQ("other", text(m, "fileenv"));
+  EXPECT_EQ("cmd", text(m, "both"));
+
+  // Saving writes the file item back; the other items have nothing to write.
+  auto file = m.get_config_item("standard file");
+  file->set("added", variant(ustring8("new value")), 0u);
+  EXPECT_TRUE(m.save());
+  std::ifstream in(dir / "other.cfg");
+  const std::string saved((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  EXPECT_EQ("added=\"new value\"\nfileenv=other\n", saved);
+}
+
+TEST(ConfigManager, ModuleDispatchUsesArgumentsThenEnvironment) {
+  varg_list args;
+  args.push_back(ustring8("a"), variant(1));
+  args.push_back(argument(variant(ustring8("b=2"))));
+  args.push_back(argument(variant(5)));  // neither named nor "key=value": ignored
+  const char* envp[] = {"a=env", "c=env", nullptr};
+  config_manager m;
+  m.init(mota::config::module_config_dispatch(args, envp));
+  ASSERT_EQ(2u, m.get_items().size());
+  EXPECT_EQ("user item", m.get_items().front()->get_id());
+  EXPECT_EQ("enviroment", m.get_items().back()->get_id());
+  EXPECT_EQ(2u, m.get_items().front()->get_tree().size());
+
+  EXPECT_TRUE(m.load());
+  EXPECT_EQ("1", text(m, "a"));
+  EXPECT_EQ("2", text(m, "b"));
+  EXPECT_EQ("env", text(m, "c"));
+  m.unload();  // the arguments stay; the environment goes
+  EXPECT_EQ("1", text(m, "a"));
+  EXPECT_EQ("<default>", text(m, "c"));
+}

@@ -1,0 +1,230 @@
+#include <mota/config/base_config_item.hpp>
+#include <mota/config/config_token.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using mota::config::config_token;
+using mota::strings::ustring8;
+using T = config_token;
+
+int next(const ustring8& line, unsigned& pos, config_token& tok) {
+  return mota::config::base_config_item::get_token(line, pos, tok);
+}
+
+struct single_case {
+  std::string line;
+  int returned;
+  int type;
+  std::string text;
+  unsigned end;
+};
+
+}  // namespace
+
+TEST(ConfigLexer, FirstTokenOfEachKind) {
+  const std::vector<single_case> cases = {
+      {"abc1", T::T_VAR, T::T_VAR, "abc", 3},
+      {"Zy_", T::T_VAR, T::T_VAR, "Zy", 2},
+      {"0123x", T::T_NUM, T::T_NUM, "0123", 4},
+      {"\nx", T::T_NEWLINE, T::T_NEWLINE, "\n", 1},
+      {"\r\nx", T::T_NEWLINE, T::T_NEWLINE, "\n", 2},
+      {"\rx", T::T_UNKNOWN, T::T_UNKNOWN, "\r", 1},
+      {"\r", T::T_UNKNOWN, T::T_UNKNOWN, "\r", 1},
+      {"\t\t", T::T_TABCHAR, T::T_TABCHAR, "\t", 1},
+      {"=x", T::T_EQ, T::T_EQ, "=", 1},
+      {"==", T::T_EQEQ, T::T_EQEQ, "==", 2},
+      {"===", T::T_EQEQ, T::T_EQEQ, "==", 2},
+      {">", T::T_GT, T::T_GT, ">", 1},
+      {">=", T::T_GTEQ, T::T_GTEQ, ">=", 2},
+      {"<>", T::T_LT, T::T_LT, "<", 1},
+      {"<=", T::T_LTEQ, T::T_LTEQ, "<=", 2},
+      {":", T::T_COLON, T::T_COLON, ":", 1},
+      {":=", T::T_COLONEQ, T::T_COLONEQ, ":=", 2},
+      {"##", T::T_POUND, T::T_POUND, "#", 1},
+      {"//x", T::T_FSFS, T::T_FSFS, "//", 2},
+      {"/", T::T_DIV, T::T_DIV, "/", 1},
+      {"/=", T::T_DIVEQ, T::T_DIVEQ, "/=", 2},
+      {"/*", T::T_DIV, T::T_DIV, "/", 1},
+      {"..", T::T_DOT, T::T_DOT, ".", 1},
+      {"[]", T::T_SBRACKET, T::T_SBRACKET, "[", 1},
+      {"]", T::T_EBRACKET, T::T_EBRACKET, "]", 1},
+      {"+1", T::T_PLUS, T::T_PLUS, "+", 1},
+      {"+=", T::T_PLUSEQ, T::T_PLUSEQ, "+=", 2},
+      {"-3", T::T_MINUS, T::T_MINUS, "-", 1},
+      {"-=", T::T_MINUSEQ, T::T_MINUSEQ, "-=", 2},
+      {"*", T::T_TIMES, T::T_TIMES, "*", 1},
+      {"*=", T::T_TIMESEQ, T::T_TIMESEQ, "*=", 2},
+      {"*/", T::T_FSFS, 24, "*/", 2},
+      {"**/", T::T_TIMES, T::T_TIMES, "*", 1},
+      {"_", T::T_NON_ALPHA_NUM, T::T_NON_ALPHA_NUM, "_", 1},
+      {",a", T::T_NON_ALPHA_NUM, T::T_NON_ALPHA_NUM, ",", 1},
+      {"\xC3\xA9", T::T_NON_ALPHA_NUM, T::T_NON_ALPHA_NUM, "\xC3", 1},
+      {std::string("\0a", 2), T::T_NON_ALPHA_NUM, T::T_NON_ALPHA_NUM, std::string(1, '\0'), 1},
+      {"\"a b\"c", T::T_STRING, T::T_STRING, "a b", 5},
+      {"\"\"", T::T_STRING, T::T_STRING, "", 2},
+      {"\"a\\\"b\"", T::T_STRING, T::T_STRING, "a\\\"b", 6},
+      {"\"a\\nb\"", T::T_STRING, T::T_STRING, "a\\nb", 6},
+      {"\"open", T::T_STRING, T::T_STRING, "open", 5},
+      {"\"ends\\", T::T_STRING, T::T_STRING, "ends\\", 6},
+      {"\"two\nlines\" x", T::T_STRING, T::T_STRING, "two\nlines", 11},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
+    config_token tok;
+    unsigned pos = 0;
+    EXPECT_EQ(c.returned, next(c.line, pos, tok));
+    EXPECT_EQ(c.type, static_cast<int>(tok.type));
+    EXPECT_EQ(c.text, tok.text);
+    EXPECT_EQ(0u, tok.start);
+    EXPECT_EQ(c.end, tok.end);
+    EXPECT_EQ(c.end, pos);
+  }
+}
+
+namespace {
+
+struct seen {
+  int kind;
+  std::string text;  // compared only for kinds that store text
+  unsigned start, end;
+};
+
+std::vector<seen> lex_all(const ustring8& line, unsigned pos = 0) {
+  std::vector<seen> out;
+  config_token tok;
+  for (int guard = 0; guard < 100; ++guard) {
+    const int kind = next(line, pos, tok);
+    if (kind == T::T_END) break;
+    out.push_back({kind, kind == T::T_SPACE ? "" : tok.text, tok.start, tok.end});
+  }
+  return out;
+}
+
+void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
+  SCOPED_TRACE(line);
+  const auto got = lex_all(line);
+  ASSERT_EQ(want.size(), got.size());
+  for (std::size_t i = 0; i < want.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(want[i].kind, got[i].kind);
+    EXPECT_EQ(want[i].text, got[i].text);
+    EXPECT_EQ(want[i].start, got[i].start);
+    EXPECT_EQ(want[i].end, got[i].end);
+  }
+}
+
+}  // namespace
+
+TEST(ConfigLexer, SequencesCarryPositions) {
+  expect_tokens("a  = 1", {{T::T_VAR, "a", 0, 1},
+                           {T::T_SPACE, "", 1, 3},
+                           {T::T_EQ, "=", 3, 4},
+                           {T::T_SPACE, "", 4, 5},
+                           {T::T_NUM, "1", 5, 6}});
+  expect_tokens("x\r\n", {{T::T_VAR, "x", 0, 1}, {T::T_NEWLINE, "\n", 1, 3}});
+  expect_tokens("-3", {{T::T_MINUS, "-", 0, 1}, {T::T_NUM, "3", 1, 2}});
+  expect_tokens("1.5e2", {{T::T_NUM, "1", 0, 1},
+                          {T::T_DOT, ".", 1, 2},
+                          {T::T_NUM, "5", 2, 3},
+                          {T::T_VAR, "e", 3, 4},
+                          {T::T_NUM, "2", 4, 5}});
+  expect_tokens("a_b",
+                {{T::T_VAR, "a", 0, 1}, {T::T_NON_ALPHA_NUM, "_", 1, 2}, {T::T_VAR, "b", 2, 3}});
+  expect_tokens("\t \r\r\n", {{T::T_TABCHAR, "\t", 0, 1},
+                              {T::T_SPACE, "", 1, 2},
+                              {T::T_UNKNOWN, "\r", 2, 3},
+                              {T::T_NEWLINE, "\n", 3, 5}});
+  expect_tokens("k=\"v w\"#c", {{T::T_VAR, "k", 0, 1},
+                                {T::T_EQ, "=", 1, 2},
+                                {T::T_STRING, "v w", 2, 7},
+                                {T::T_POUND, "#", 7, 8},
+                                {T::T_VAR, "c", 8, 9}});
+}
+
+TEST(ConfigLexer, EndLeavesTheTokenUntouched) {
+  config_token tok;
+  tok.text = "kept";
+  tok.start = 7;
+  tok.end = 9;
+  for (const auto& [line, start] : std::vector<std::pair<std::string, unsigned>>{
+           {"", 0}, {"ab", 2}, {"ab", 3}, {"ab", 4000000000u}}) {
+    unsigned pos = start;
+    EXPECT_EQ(T::T_END, next(line, pos, tok));
+    EXPECT_EQ(T::T_END, tok.type);
+    EXPECT_EQ(start, pos);
+    EXPECT_EQ("kept", tok.text);
+    EXPECT_EQ(7u, tok.start);
+    EXPECT_EQ(9u, tok.end);
+  }
+}
+
+TEST(ConfigLexer, BlanksKeepThePreviousText) {
+  const ustring8 line = "ab   \tc";
+  config_token tok;
+  unsigned pos = 0;
+  EXPECT_EQ(T::T_VAR, next(line, pos, tok));
+  EXPECT_EQ(T::T_SPACE, next(line, pos, tok));
+  EXPECT_EQ("ab", tok.text);
+  EXPECT_EQ(2u, tok.start);
+  EXPECT_EQ(5u, tok.end);
+  EXPECT_EQ(5u, pos);
+  // A tab is a token of its own, not part of the blank run.
+  EXPECT_EQ(T::T_TABCHAR, next(line, pos, tok));
+  // Lexing can start in the middle of a line.
+  pos = 3;
+  EXPECT_EQ(T::T_SPACE, next(line, pos, tok));
+  EXPECT_EQ(3u, tok.start);
+}
+
+TEST(ConfigLexer, PrintableNames) {
+  const std::vector<std::pair<int, std::string>> names = {
+      {0, "T_VAR :[key]"},    {1, "T_NUM"},
+      {2, "T_NEWLINE"},       {3, "T_TABCHAR"},
+      {4, "T_UNKNOWN:[key]"}, {5, "T_END"},
+      {6, "T_SPACE"},         {7, "T_EQ"},
+      {8, "T_EQEQ"},          {9, "T_GT"},
+      {10, "T_GTEQ"},         {11, "T_LT"},
+      {12, "T_LTEQ"},         {13, "T_COLON"},
+      {14, "T_COLONEQ"},      {15, "T_POUND"},
+      {16, "T_FSFS"},         {17, "T_DOT"},
+      {18, "T_SBRACKET"},     {19, "T_EBRACKET"},
+      {20, "T_PLUS"},         {21, "T_MINUS"},
+      {22, "T_PLUSEQ"},       {23, "T_MINUSEQ"},
+      {24, "unknown type"},   {25, "unknown type"},
+      {26, "T_TIMES"},        {27, "T_DIV"},
+      {28, "T_TIMESEQ"},      {29, "T_DIVEQ"},
+      {30, "T_STRING:[key]"}, {31, "T_NON_ALPHA_NUM:[key]"},
+      {32, "unknown type"},   {-1, "unknown type"},
+  };
+  config_token tok;
+  tok.text = "key";
+  for (const auto& [kind, name] : names) {
+    tok.type = static_cast<T::tok_types>(kind);
+    EXPECT_EQ(name, tok.CvtTokStr()) << kind;
+  }
+  // The comment terminator prints as unknown, whatever it returned.
+  unsigned pos = 0;
+  next("*/", pos, tok);
+  EXPECT_EQ("unknown type", tok.CvtTokStr());
+}
+
+TEST(ConfigCharacterClasses, ExactSets) {
+  using namespace mota::config;
+  const std::string delimiters(" +-*^/%=;(),<>~&|{}\n\t[]?$\r\0", 28);
+  for (int i = 0; i < 256; ++i) {
+    const char c = static_cast<char>(i);
+    SCOPED_TRACE(i);
+    EXPECT_EQ(i == 9 || i == 10 || i == 13 || i == 32, isConfigWhite(c));
+    EXPECT_EQ(i == 32, isConfigSpace(c));
+    EXPECT_EQ((i >= 'a' && i <= 'z') || (i >= 'A' && i <= 'Z'), isConfigAlpha(c));
+    EXPECT_EQ(i >= '0' && i <= '9', isConfigDigit(c));
+    EXPECT_EQ(delimiters.find(c) != std::string::npos, isConfigDelim(c));
+    EXPECT_EQ(i == '.' || i == '/' || i == '\\', isConfigDotSlash(c));
+  }
+}

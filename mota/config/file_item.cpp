@@ -1,0 +1,287 @@
+#include <mota/config/_private/lexer.hpp>
+#include <mota/config/file_item.hpp>
+#include <mota/exceptions/exception.hpp>
+#include <mota/system/file_utility.hpp>
+
+#include <climits>
+#include <cstdint>
+#include <set>
+
+namespace MOTA_2_18 {
+namespace config {
+
+namespace {
+
+using T = config_token;
+
+struct lexer {
+  const char* data;
+  std::uint32_t size;
+  unsigned pos = 0;
+  config_token tok;
+
+  explicit lexer(const std::string& text)
+      : data(text.data()),
+        size(text.size() > UINT32_MAX ? UINT32_MAX : static_cast<std::uint32_t>(text.size())) {}
+
+  int next() { return _private::lex_token(data, size, pos, tok); }
+
+  // Consumes a comment up to the line feed (left for the caller) or the end.
+  int skip_comment() {
+    for (;;) {
+      const int kind = next();
+      if (kind == T::T_END) return kind;
+      if (kind == T::T_NEWLINE) {
+        pos = tok.start;
+        return kind;
+      }
+    }
+  }
+};
+
+bool is_blank(int kind) {
+  return kind == T::T_SPACE || kind == T::T_TABCHAR || kind == T::T_NEWLINE;
+}
+
+bool is_comment(int kind) {
+  return kind == T::T_POUND || kind == T::T_FSFS;
+}
+
+// Bytes that read back as themselves outside quotes, wherever they stand in a key or value.
+bool is_plain(const std::string& text) {
+  if (text.empty()) return false;
+  for (const char c : text) {
+    const auto u = static_cast<unsigned char>(c);
+    if (!_private::is_alpha(u) && !_private::is_digit(u) && c != '_' && c != '-' && c != '.' &&
+        c != '+' && c != '@' && c != '%' && c != '~' && c != '^' && c != '$' && c != '!' &&
+        c != '?' && c != '&' && c != '|' && c != ';' && c != '\\' && u < 0x80)
+      return false;
+  }
+  return true;
+}
+
+// Text as it is written to a file: through quote_value, and quoted as well when the syntax
+// would otherwise read it differently (comments, "=", ",", brackets and so on).
+std::string file_text(const std::string& text) {
+  strings::ustring8 quoted = quote_value(text);
+  if (quoted.size() != text.size() || is_plain(text)) return std::move(quoted);
+  return "\"" + text + "\"";
+}
+
+bool has_extension(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
+  return path.find('.', name) != std::string::npos;
+}
+
+}  // namespace
+
+file_item::file_item(const strings::ustring8& filename)
+    : base_config_item("standard file"), m_given(filename), m_filename(filename) {}
+file_item::file_item(const file_item& other) = default;
+file_item::~file_item() = default;
+
+strings::ustring8 file_item::choose_filename(const item_list& items) const {
+  for (const item_pointer& item : items) {
+    if (!item || item.get() == this) continue;
+    const node_t* node = item->get_value("cfg_file");
+    if (node == nullptr || config_tree::is_array(node->first)) continue;
+    const strings::ustring8 name = node->second.as_string();
+    if (!name.empty()) return name;
+  }
+  if (!m_given.empty()) return has_extension(m_given) ? m_given : m_given + ".cfg";
+  for (const item_pointer& item : items) {
+    if (!item || item.get() == this) continue;
+    const node_t* node = item->get_value("application.name.raw");
+    if (node == nullptr || config_tree::is_array(node->first)) continue;
+    const strings::ustring8 raw = node->second.as_string();
+    if (!raw.empty()) return raw + ".cfg";
+  }
+  return strings::ustring8();
+}
+
+bool file_item::load(item_list& items) {
+  m_filename = choose_filename(items);
+  return load();
+}
+
+bool file_item::load() {
+  return load_file();
+}
+
+bool file_item::load_file() {
+  m_tree.clear();
+  if (m_filename.empty()) return false;
+  strings::ustring8 text;
+  try {
+    if (system::load_file(m_filename, text) != 0) return false;
+  } catch (const exceptions::exception&) {
+    return false;  // too large to hold: treated like an unreadable file
+  }
+  parse(text);
+  return true;
+}
+
+int file_item::parse_comment(const strings::ustring8& text, unsigned& position, config_token& tok) {
+  lexer lex(text);
+  lex.pos = position;
+  const int kind = lex.skip_comment();
+  position = lex.pos;
+  tok = lex.tok;
+  return kind;
+}
+
+void file_item::parse(const strings::ustring8& text) {
+  lexer lex(text);
+  // Settings lines are rarely shorter than this; sizing the table once avoids rehashing.
+  m_tree.reserve(m_tree.size() + text.size() / 32);
+  std::string prefix, key;
+  strings::ustring8 value, element;
+  // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
+  std::vector<std::pair<std::string, types::variant>> elements;
+  for (;;) {
+    int kind = lex.next();
+    if (kind == T::T_END) return;
+    if (is_blank(kind)) continue;
+    if (is_comment(kind)) {
+      lex.skip_comment();
+      continue;
+    }
+
+    if (kind == T::T_SBRACKET) {
+      std::string section;
+      for (;;) {
+        kind = lex.next();
+        if (kind == T::T_END || kind == T::T_EBRACKET) break;
+        if (!is_blank(kind)) section += lex.tok.text;
+      }
+      prefix = section.empty() ? std::string() : section + ".";
+      if (kind == T::T_END) return;
+      continue;
+    }
+
+    // A key: every token text up to "=", blanks and line ends contributing nothing.
+    key.clear();
+    while (kind != T::T_EQ) {
+      if (!is_blank(kind)) key += lex.tok.text;
+      kind = lex.next();
+      if (kind == T::T_END) return;  // a key without "=" stores nothing
+    }
+
+    const bool array = key.size() >= 2 && key.compare(key.size() - 2, 2, "[]") == 0;
+    if (!array) {
+      value.clear();
+      for (;;) {
+        kind = lex.next();
+        if (kind == T::T_END || kind == T::T_NEWLINE) break;
+        if (kind == T::T_SPACE || kind == T::T_TABCHAR) continue;
+        if (is_comment(kind)) {
+          lex.skip_comment();
+          continue;
+        }
+        value += lex.tok.text;
+      }
+      if (!value.empty() && !(prefix.empty() && key.empty()))
+        m_tree.set_node(prefix + key, types::variant(value), 0u);
+      continue;
+    }
+
+    // An array: elements separated by ",", ended by a line end that follows element text.
+    key.resize(key.size() - 2);
+    elements.clear();
+    element.clear();
+    bool after_text = false;
+    auto flush = [&] {
+      if (!element.empty()) elements.emplace_back(std::string(), types::variant(element));
+      element.clear();
+    };
+    for (;;) {
+      kind = lex.next();
+      if (kind == T::T_END) break;
+      if (kind == T::T_NEWLINE) {
+        if (after_text) break;
+        continue;
+      }
+      if (kind == T::T_SPACE || kind == T::T_TABCHAR) continue;
+      if (is_comment(kind)) {
+        lex.skip_comment();
+        continue;
+      }
+      if (kind == T::T_NON_ALPHA_NUM && lex.tok.text.size() == 1 && lex.tok.text[0] == ',') {
+        flush();
+        after_text = false;
+        continue;
+      }
+      element += lex.tok.text;
+      after_text = true;
+    }
+    flush();
+    if (!(prefix.empty() && key.empty())) m_tree.set_array(prefix + key, elements);
+  }
+}
+
+bool file_item::save(item_list& items) {
+  m_filename = choose_filename(items);
+  return save();
+}
+
+bool file_item::save() {
+  if (m_filename.empty()) return false;
+
+  // Element nodes are written with their array, not on lines of their own.
+  std::set<std::string> element_keys;
+  m_tree.visit([&](const std::string& key, const node_t&, const std::vector<std::string>& names) {
+    for (const std::string& name : names)
+      element_keys.insert(key + "." + name);
+  });
+
+  std::string out;
+  std::string section;
+  bool first = true;
+  m_tree.visit([&](const std::string& key, const node_t& node,
+                   const std::vector<std::string>& names) {
+    if (element_keys.count(key) != 0) return;
+    const bool array = config_tree::is_array(node.first);
+    if (!array && node.second == types::nil) return;
+
+    const std::size_t dot = key.rfind('.');
+    const std::string node_section = dot == std::string::npos ? std::string() : key.substr(0, dot);
+    const std::string leaf = dot == std::string::npos ? key : key.substr(dot + 1);
+    if (first ? !node_section.empty() : node_section != section) {
+      out += node_section.empty() ? std::string("[]\n") : "[" + file_text(node_section) + "]\n";
+      section = node_section;
+    }
+    first = false;
+
+    out += file_text(leaf);
+    if (!array) {
+      out += "=" + file_text(node.second.as_string()) + "\n";
+      return;
+    }
+    out += "[]=";
+    bool any = false;
+    for (const std::string& name : names) {
+      const node_t* element = m_tree.get_node(key + "." + name);
+      if (element == nullptr) continue;
+      const std::string text = element->second.as_string();
+      if (text.empty()) continue;  // empty elements are not kept by the reader either
+      if (any) out += ",";
+      out += file_text(text);
+      any = true;
+    }
+    // An array line must end with element text, or the reader would continue it.
+    out += any ? "\n" : "\"\"\n";
+  });
+  return system::store_file(m_filename, strings::ustring8(std::move(out))) == 0;
+}
+
+void file_item::unload() {
+  m_tree.clear();
+}
+
+file_item* file_item::clone() const {
+  return new file_item(*this);
+}
+
+}  // namespace config
+}  // namespace MOTA_2_18

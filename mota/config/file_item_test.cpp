@@ -1,0 +1,168 @@
+#include <mota/config/commandline_item.hpp>
+#include <mota/config/file_item.hpp>
+#include <mota/config/user_item.hpp>
+
+#include <gtest/gtest.h>
+#include <mota_test.hpp>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using mota::config::base_config_item;
+using mota::config::config_tree;
+using mota::config::file_item;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+// The item's tree as "key=flags:value" lines in key order.
+std::string render(const base_config_item& item) {
+  std::string out;
+  item.get_tree().visit([&](const std::string& key, const config_tree::node_t& node,
+                            const std::vector<std::string>&) {
+    out += key + "=" + std::to_string(node.first) + ":" + node.second.as_string() + "\n";
+  });
+  return out;
+}
+
+std::string parse(const std::string& text) {
+  file_item item("");
+  item.parse(text);
+  return render(item);
+}
+
+void write(const std::string& path, const std::string& text) {
+  std::ofstream(path) << text;
+}
+
+}  // namespace
+
+TEST(ConfigFileSyntax, ScalarsSectionsAndComments) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"key = a b", "key=0:ab\n"},
+      {"key = \"a b\"", "key=0:a b\n"},
+      {"key = \"a\\\"b\" c", "key=0:a\\\"bc\n"},
+      {"a . b = 1", "a.b=0:1\n"},
+      {"\tx\t=\t-1.5\t\r\ny=2\r\n", "x=0:-1.5\ny=0:2\n"},
+      {"# comment = 1\nx = 1 // tail\ny=2 # t\n// z = 3", "x=0:1\ny=0:2\n"},
+      {"x = 1 */ 2\n*/ y = 3\nz = 4", "x=0:1\nz=0:4\n"},
+      {"x =\ny = # nothing\nz = \"\"", ""},
+      {"[a.b]\nx = 1\n[ c ]\ny = 2\n[]\nz = 3", "a.b.x=0:1\nc.y=0:2\nz=0:3\n"},
+      {"[\"my sec\"] k = v", "my sec.k=0:v\n"},
+      {"key\nmore = 1", "keymore=0:1\n"},  // a key runs on to its "="
+      {"x = a=b:c", "x=0:a=b:c\n"},        // the value keeps later operators
+      {"= 5\nlone", ""},                   // empty key; key without "="
+      {"[open\nx = 1", ""},                // a header that never closes
+      {"x = \"unterminated", "x=0:unterminated\n"},
+      {"\"a key\" = v", "a key=0:v\n"},
+      {"k\xC3\xA9y = \xC3\xA9", "k\xC3\xA9y=0:\xC3\xA9\n"},
+  };
+  for (const auto& [text, want] : cases)
+    EXPECT_EQ(want, parse(text)) << text;
+}
+
+TEST(ConfigFileSyntax, Arrays) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"list[] = 1,\n 2, 3", "list=3:3\nlist.0=0:1\nlist.1=0:2\nlist.2=0:3\n"},
+      {"list[] = 1\n 2\nz = 5", "2z=0:5\nlist=3:1\nlist.0=0:1\n"},
+      {"l[] = a b, # comment\n \"c, d\" ,,e\nx=1", "l=3:3\nl.0=0:ab\nl.1=0:c, d\nl.2=0:e\nx=0:1\n"},
+      {"l[] =\n\n a\n", "l=3:1\nl.0=0:a\n"},  // nothing read yet: the array goes on
+      {"l[] = \"\"\nx = 1", "l=3:0\nx=0:1\n"},
+      {"[s]\nl[] = a,b // c", "s.l=3:2\ns.l.0=0:a\ns.l.1=0:b\n"},
+      {"l[] = a,", "l=3:1\nl.0=0:a\n"},
+  };
+  for (const auto& [text, want] : cases)
+    EXPECT_EQ(want, parse(text)) << text;
+}
+
+TEST(ConfigFileSyntax, ParseCommentStopsBeforeTheLineEnd) {
+  mota::config::config_token tok;
+  unsigned pos = 1;
+  EXPECT_EQ(mota::config::config_token::T_NEWLINE,
+            file_item::parse_comment("# a b\r\nx", pos, tok));
+  EXPECT_EQ(5u, pos);
+  pos = 0;
+  EXPECT_EQ(mota::config::config_token::T_END, file_item::parse_comment("// x", pos, tok));
+  EXPECT_EQ(4u, pos);
+}
+
+TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "app.cfg";
+  write(path, "a = 1\nb = 2\n");
+  file_item item(path);
+  EXPECT_EQ("standard file", item.get_id());
+  EXPECT_TRUE(item.load());
+  EXPECT_EQ("a=0:1\nb=0:2\n", render(item));
+  write(path, "c = 3\n");
+  EXPECT_TRUE(item.load());
+  EXPECT_EQ("c=0:3\n", render(item));
+  item.unload();
+  EXPECT_EQ("", render(item));
+
+  file_item missing(dir / "none.cfg");
+  EXPECT_FALSE(missing.load());
+  EXPECT_EQ("", render(missing));
+  file_item unnamed("");
+  EXPECT_FALSE(unnamed.load());
+  EXPECT_FALSE(unnamed.save());
+}
+
+TEST(ConfigFileItem, SaveWritesWhatLoadReadsBack) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "out.cfg";
+  file_item item(path);
+  item.parse(
+      "top = 1\n"
+      "spaced = \"a b\\tc\"\n"
+      "url = \"http://x/y#z\"\n"
+      "odd = \"a=b,c[d]\"\n"
+      "[window]\nwidth = 640\ntitle = \"Main window\"\n"
+      "[window.inner]\ndepth = 2\n"
+      "[lists]\nempty[] = \"\"\nxs[] = 1, \"two words\", \"x,y\"\n"
+      "[\"odd section\"]\nk = v\n");
+  item.set("multi", variant(ustring8("line\none")), 0u);
+  const std::string before = render(item);
+  ASSERT_TRUE(item.save());
+
+  file_item reread(path);
+  ASSERT_TRUE(reread.load());
+  EXPECT_EQ(before, render(reread));
+}
+
+TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
+  mota_test::temp_dir dir;
+  write(dir / "given.cfg", "from = given\n");
+  write(dir / "named.cfg", "from = cfg_file\n");
+  write(dir / "tool.cfg", "from = raw\n");
+
+  base_config_item::item_list items;
+  auto* others = new mota::config::user_item;
+  others->delete_on_zero(true);
+  items.emplace_back(others);
+  auto* file = new file_item(dir / "given");  // no extension: ".cfg" is added
+  file->delete_on_zero(true);
+  items.emplace_back(file);
+
+  EXPECT_TRUE(file->load(items));
+  EXPECT_EQ(dir / "given.cfg", file->get_filename());
+  EXPECT_EQ("from=0:given\n", render(*file));
+
+  others->set("cfg_file", variant(ustring8(dir / "named.cfg")), 0u);
+  EXPECT_TRUE(file->load(items));
+  EXPECT_EQ("from=0:cfg_file\n", render(*file));
+
+  // Without a name the application's raw name gives the default file.
+  auto* unnamed = new file_item("");
+  unnamed->delete_on_zero(true);
+  base_config_item::item_list others_only;
+  others_only.emplace_back(unnamed);
+  auto* app = new mota::config::user_item;
+  app->delete_on_zero(true);
+  app->set("application.name.raw", variant(ustring8(dir / "tool")), 0u);
+  others_only.emplace_back(app);
+  EXPECT_TRUE(unnamed->load(others_only));
+  EXPECT_EQ("from=0:raw\n", render(*unnamed));
+}

@@ -1,0 +1,35 @@
+#include <mota/config/commandline_item.hpp>
+#include <mota/config/enviroment_item.hpp>
+#include <mota/config/file_item.hpp>
+#include <mota/config/std_config_dispatch.hpp>
+
+namespace MOTA_2_18 {
+namespace config {
+
+std_config_dispatch::std_config_dispatch(int argc, const char* const* argv, const char* const* envp,
+                                         const strings::ustring8& name)
+    : m_argc(argc < 0 ? 0 : argc), m_argv(argv), m_envp(envp), m_name(name) {}
+std_config_dispatch::~std_config_dispatch() = default;
+
+void std_config_dispatch::setup(item_list& items) {
+  append(items, new commandline_item(static_cast<unsigned>(m_argc), m_argv));
+  append(items, new file_item(m_name));
+  append(items, new enviroment_item(m_envp));
+}
+
+bool std_config_dispatch::load(item_list& items) {
+  return load_each(items);
+}
+void std_config_dispatch::unload(item_list& items) {
+  unload_each(items);
+}
+bool std_config_dispatch::save(item_list& items) {
+  return save_each(items);
+}
+
+std_config_dispatch* std_config_dispatch::clone() const {
+  return new std_config_dispatch(*this);
+}
+
+}  // namespace config
+}  // namespace MOTA_2_18
