@@ -20,15 +20,15 @@ heading() {
   printf '\n== %s ==\n\n' "$1"
 }
 
-# Prints the command (with the tool shown as "mota"), then runs it; a non-zero exit status
-# is shown but does not stop the tour.
+# Prints the command (with the tool shown as "mota"), then runs it with its diagnostics in
+# line; a non-zero exit status is shown but does not stop the tour.
 run() {
   local shown=() word
   for word in "$@"; do
     if [ "$word" = "$tool" ]; then shown+=(mota); else shown+=("$(printf '%q' "$word")"); fi
   done
   printf '$ %s\n' "${shown[*]}"
-  "$@"
+  "$@" 2>&1
   local status=$?
   if [ $status -ne 0 ]; then printf '(exit status %d)\n' "$status"; fi
   return 0
@@ -42,6 +42,7 @@ run "$tool" catalog render examples/catalogs/shop.xmc --locale de_DE shop downlo
 run "$tool" catalog check examples/catalogs --locale fr_FR
 
 heading "A faulty catalog, reported with the place of the fault"
+run grep -n 'typ=' examples/broken/unknown_attribute.xmc
 run "$tool" catalog check examples/broken/unknown_attribute.xmc --locale en
 
 heading "Configuration: command line over file over environment"

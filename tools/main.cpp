@@ -32,9 +32,7 @@ int dispatch(const std::vector<std::string>& words) {
   if (command == "convert") return run_convert(rest, std::cin, std::cout, std::cerr);
   if (command == "xml") return run_xml(rest, std::cout, std::cerr);
   if (command == "catalog") return run_catalog(rest, std::cout, std::cerr);
-  if (command == "config") {
-    return failure(std::cerr, command + " is not available in this build yet");
-  }
+  if (command == "config") return run_config(rest, environ, std::cout, std::cerr);
   return usage_error(std::cerr, "unknown command \"" + printable(command) + "\"", main_usage);
 }
 

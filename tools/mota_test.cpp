@@ -100,23 +100,63 @@ std::string example(const std::string& relative) {
 TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
   struct usage_case {
     std::vector<std::string> args;
-    std::string message;
+    std::string message;   // the first line
+    std::string synopsis;  // a line of the synopsis that follows it
   };
+  const std::string d = "examples/catalogs";
+  const std::string main = "usage: mota COMMAND", convert = "usage: mota convert --from CODE",
+                    xml = "usage: mota xml check FILE", check = "usage: mota catalog check PATH",
+                    config = "usage: mota config get KEY";
   const usage_case cases[] = {
-      {{}, "mota: no command given\n"},
-      {{"frobnicate"}, "mota: unknown command \"frobnicate\"\n"},
-      {{"convert", "--from", "1252"}, "mota: convert needs --from and --to\n"},
-      {{"convert", "--from"}, "mota: option --from needs a value\n"},
-      {{"convert", "--from=1252", "--to=4", "extra"}, "mota: unexpected argument \"extra\"\n"},
-      {{"convert", "--list=yes"}, "mota: option --list takes no value\n"},
-      {{"convert", "--bogus"}, "mota: unknown option --bogus\n"},
-      {{"convert", "--from", "1252", "--to", "4", "--"}, "mota: unexpected \"--\"\n"},
+      {{}, "no command given", main},
+      {{"frobnicate"}, "unknown command \"frobnicate\"", main},
+      {{"convert", "--from", "1252"}, "convert needs --from and --to", convert},
+      {{"convert", "--from"}, "option --from needs a value", convert},
+      {{"convert", "--from=1252", "--to=4", "extra"}, "unexpected argument \"extra\"", convert},
+      {{"convert", "--list=yes"}, "option --list takes no value", convert},
+      {{"convert", "--bogus"}, "unknown option --bogus", convert},
+      {{"convert", "--from", "1252", "--to", "4", "--"}, "unexpected \"--\"", convert},
+      {{"xml"}, "xml needs a subcommand", xml},
+      {{"xml", "check"}, "xml check needs a FILE", xml},
+      {{"xml", "check", "a", "b"}, "too many files", xml},
+      {{"xml", "lint", "a"}, "unknown xml subcommand \"lint\"", xml},
+      {{"catalog"}, "catalog needs a subcommand", check},
+      {{"catalog", "load", d, "--locale", "en"}, "unknown catalog subcommand \"load\"", check},
+      {{"catalog", "check", d}, "--locale is required", check},
+      {{"catalog", "check", "--locale", "en"}, "catalog check needs a PATH", check},
+      {{"catalog", "check", d, "--locale", "en", "--list-args"},
+       "--list-args belongs to catalog render",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop", "cart", "--messages"},
+       "--messages belongs to catalog check",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop"},
+       "catalog render needs PATH, CATALOG and MESSAGE",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop", "greeting", "user"},
+       "expected NAME=VALUE, got \"user\"",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop", "greeting", "=Anna"},
+       "expected NAME=VALUE, got \"=Anna\"",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop", "greeting", "user=a", "user=b"},
+       "argument \"user\" given twice",
+       check},
+      {{"catalog", "render", d, "--locale", "en", "shop", "greeting", "user=a", "--list-args"},
+       "--list-args takes no NAME=VALUE",
+       check},
+      {{"config"}, "config needs a subcommand", config},
+      {{"config", "get"}, "config get needs a KEY", config},
+      {{"config", "get", "a", "b"}, "too many keys", config},
+      {{"config", "dump", "x"}, "unexpected argument \"x\"", config},
+      {{"config", "set", "a"}, "unknown config subcommand \"set\"", config},
+      {{"config", "get", "a", "--file"}, "option --file needs a value", config},
+      {{"config", "get", "a", "--program="}, "--program needs a name", config},
   };
   for (const usage_case& c : cases) {
     const run_result r = run(c.args);
     EXPECT_EQ(64, r.code) << c.message;
-    EXPECT_EQ(0u, r.err.find(c.message)) << r.err;
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota")) << r.err;
+    EXPECT_EQ(0u, r.err.find("mota: " + c.message + "\n" + c.synopsis)) << r.err;
     EXPECT_NE(std::string::npos, r.err.find("Run with --help for details.\n")) << r.err;
     EXPECT_EQ("", r.out);
   }
@@ -278,45 +318,14 @@ TEST(ToolXml, TheExampleCatalogsAreWellFormedAndOneBrokenOneIsNot) {
   EXPECT_EQ("mismatched_end_element at line 4: \"mgs\"\n", r.out);
 }
 
-TEST(ToolXml, UnreadableFilesAndBadCommandLines) {
+TEST(ToolXml, UnreadableFiles) {
   run_result r = run({"xml", "check", "/no/such/file.xml"});
   EXPECT_EQ(1, r.code);
   EXPECT_EQ("mota: cannot read \"/no/such/file.xml\": no such file\n", r.err);
   r = run({"xml", "check", example("catalogs")});
   EXPECT_EQ(1, r.code);
   EXPECT_EQ("mota: cannot read \"" + example("catalogs") + "\"\n", r.err);
-
-  const std::vector<std::vector<std::string>> bad = {{"xml"},
-                                                     {"xml", "check"},
-                                                     {"xml", "check", "a", "b"},
-                                                     {"xml", "lint", "a"},
-                                                     {"xml", "check", "--strict", "a"}};
-  for (const auto& args : bad) {
-    r = run(args);
-    EXPECT_EQ(64, r.code) << args.back();
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota xml check FILE")) << r.err;
-  }
 }
-
-TEST(ToolXml, ArbitraryBytesNeverCrashTheReader) {
-  mota_test::temp_dir dir;
-  const std::string path = dir / "noise.xml";
-  std::string prefix = "<?xml?><a b='";
-  for (int seed = 1; seed <= 20; ++seed) {
-    std::string text = seed % 2 ? prefix : "";
-    unsigned state = static_cast<unsigned>(seed) * 2654435761u;
-    for (int i = 0; i < 300; ++i) {
-      state = state * 1103515245u + 12345u;
-      const char pick[] = "<>/&;#x?!-=\"' \n\t\0ab[]CDATA";
-      text += pick[(state >> 16) % (sizeof pick - 1)];
-    }
-    write_file(path, text);
-    const run_result r = run({"xml", "check", path});
-    EXPECT_TRUE(r.code == 0 || r.code == 1) << "seed " << seed << " exit " << r.code;
-  }
-}
-
-}  // namespace
 
 // ---------------------------------------------------------------------------------------
 // catalog check
@@ -456,26 +465,6 @@ TEST(ToolCatalogCheck, DamagedCatalogsNeverCrashTheLoader) {
     if (r.code == 1) {
       EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - ")) << r.err;
     }
-  }
-}
-
-TEST(ToolCatalogCheck, CommandLineMistakes) {
-  const std::string dir = example("catalogs");
-  const std::vector<std::vector<std::string>> bad = {
-      {"catalog"},
-      {"catalog", "load", dir, "--locale", "en"},
-      {"catalog", "check", dir},
-      {"catalog", "check", "--locale", "en"},
-      {"catalog", "check", dir, "--locale"},
-      {"catalog", "check", dir, "--locale", "en", "--list-args"},
-      {"catalog", "render", dir, "--locale", "en", "shop", "cart", "--messages"},
-      {"catalog", "check", dir, "--locale", "en", "--verbose"},
-  };
-  for (const auto& args : bad) {
-    const run_result r = run(args);
-    EXPECT_EQ(64, r.code) << args.back();
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog check PATH")) << r.err;
-    EXPECT_EQ("", r.out);
   }
 }
 
@@ -630,22 +619,6 @@ TEST(ToolCatalogRender, UnknownCatalogsAndMessagesAndBadWords) {
            "greeting"});
   EXPECT_EQ(1, r.code);
   EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - XMC file is not valid\n")) << r.err;
-
-  const std::vector<std::vector<std::string>> bad = {
-      {"shop"},
-      {"shop", "greeting", "user"},
-      {"shop", "greeting", "=Anna"},
-      {"shop", "greeting", "user=a", "user=b"},
-      {"shop", "greeting", "user=a", "--list-args"},
-  };
-  for (const auto& rest : bad) {
-    r = render("en", rest);
-    EXPECT_EQ(64, r.code) << rest.back();
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota catalog")) << r.err;
-  }
-  r = run({"catalog", "render", example("catalogs"), "shop", "greeting"});
-  EXPECT_EQ(64, r.code);
-  EXPECT_EQ(0u, r.err.find("mota: --locale is required\n")) << r.err;
 }
 
 // ---------------------------------------------------------------------------------------
@@ -734,20 +707,4 @@ TEST(ToolConfig, DumpListsEverySource) {
   }
 }
 
-TEST(ToolConfig, CommandLineMistakes) {
-  const std::vector<std::vector<std::string>> bad = {
-      {"config"},
-      {"config", "get"},
-      {"config", "get", "a", "b"},
-      {"config", "dump", "x"},
-      {"config", "set", "a"},
-      {"config", "get", "a", "--file"},
-      {"config", "get", "a", "--program="},
-  };
-  for (const auto& args : bad) {
-    const run_result r = run(args);
-    EXPECT_EQ(64, r.code) << args.back();
-    EXPECT_NE(std::string::npos, r.err.find("usage: mota config get KEY")) << r.err;
-    EXPECT_EQ("", r.out);
-  }
-}
+}  // namespace
