@@ -1,0 +1,107 @@
+#include "usage.hpp"
+
+namespace mota_tool {
+
+const char* const main_usage =
+    "usage: mota COMMAND [ARGS...]\n"
+    "\n"
+    "Check and inspect mota data files without writing a program.\n"
+    "\n"
+    "commands:\n"
+    "  catalog check PATH... --locale L [--catalog ID] [--messages]\n"
+    "                     load message catalogs and list what was loaded\n"
+    "  catalog render PATH --locale L CATALOG MESSAGE [NAME=VALUE ...]\n"
+    "                     render one message with the given arguments\n"
+    "  config get KEY [--file NAME] [-- ARGS...]\n"
+    "  config dump [--file NAME] [-- ARGS...]\n"
+    "                     look up configuration from a file, arguments and the environment\n"
+    "  convert --from CODE --to CODE\n"
+    "                     convert standard input between code pages\n"
+    "  xml check FILE     check that a file is well-formed for the library's XML reader\n"
+    "\n"
+    "Run 'mota COMMAND --help' for the details of one command; 'mota --version' prints\n"
+    "the library version.\n"
+    "\n"
+    "exit status: 0 success, 1 failure, 2 configuration key not set, 64 usage error\n";
+
+const char* const catalog_usage =
+    "usage: mota catalog check PATH... --locale L [--catalog ID] [--messages]\n"
+    "       mota catalog render PATH --locale L [--catalog ID] CATALOG MESSAGE [NAME=VALUE ...]\n"
+    "       mota catalog render PATH --locale L CATALOG MESSAGE --list-args\n"
+    "\n"
+    "check   loads every PATH (an XMC file or a directory searched for .xmc and .xml files)\n"
+    "        for locale L, optionally only the catalog ID. On success it lists each catalog\n"
+    "        with its number of messages and the languages they came from; on failure it\n"
+    "        prints the loader's message with the place of the fault and exits 1.\n"
+    "        --messages lists every message too, with the language it came from.\n"
+    "render  loads PATH the same way and prints message MESSAGE of catalog CATALOG. Each\n"
+    "        NAME=VALUE gives one argument as text; the argument's kind in the catalog\n"
+    "        (int, double, memory, duration, ...) decides how the text is read.\n"
+    "        --list-args prints the message's arguments and their kinds instead.\n"
+    "\n"
+    "options:\n"
+    "  --locale L     locale to load for, such as en, de_DE or fr-FR (required)\n"
+    "  --catalog ID   load only the catalog named ID\n"
+    "  --messages     (check) list the messages of each catalog\n"
+    "  --list-args    (render) list the arguments instead of rendering\n"
+    "  --help         print this text\n";
+
+const char* const config_usage =
+    "usage: mota config get KEY [--file NAME] [--program NAME] [-- ARGS...]\n"
+    "       mota config dump [--file NAME] [--program NAME] [-- ARGS...]\n"
+    "\n"
+    "Reads the configuration the way an application does: the arguments after '--' (as\n"
+    "its command line, for example -server.port=9000), the file NAME and the process\n"
+    "environment, the first of them that sets a key taking precedence. Without --file\n"
+    "the file is the one the library picks: the value of cfg_file from the arguments or\n"
+    "the environment, else the program name with \".cfg\" (mota.cfg).\n"
+    "\n"
+    "get   prints the value of the dotted KEY; an array prints one element a line.\n"
+    "      Exits 2 when no source sets the key.\n"
+    "dump  prints every source with all its keys.\n"
+    "\n"
+    "options:\n"
+    "  --file NAME      configuration file to read\n"
+    "  --program NAME   program name the arguments belong to (default: mota)\n"
+    "  --help           print this text\n";
+
+const char* const convert_usage =
+    "usage: mota convert --from CODE --to CODE\n"
+    "       mota convert --list\n"
+    "\n"
+    "Converts standard input from one code page to another and writes the result to\n"
+    "standard output. CODE is a code-page number (1252, 28591, 4 for UTF-8, ...) or its\n"
+    "name (CP1252, ISO-8859-1, UTF-8, ...; case does not matter). Bytes that cannot be\n"
+    "converted become '?'.\n"
+    "\n"
+    "options:\n"
+    "  --from CODE    code page of the input\n"
+    "  --to CODE      code page of the output\n"
+    "  --list         print the known code pages\n"
+    "  --help         print this text\n";
+
+const char* const xml_usage =
+    "usage: mota xml check FILE\n"
+    "\n"
+    "Reads FILE with the library's XML reader and prints 'ok', or the kind of the first\n"
+    "error with its line and detail (exit status 1).\n"
+    "\n"
+    "options:\n"
+    "  --help         print this text\n";
+
+int usage_error(std::ostream& err, const std::string& problem, const char* usage) {
+  // Only the synopsis: the lines before the first blank line.
+  const std::string text(usage);
+  const std::string::size_type end = text.find("\n\n");
+  err << "mota: " << problem << "\n"
+      << text.substr(0, end == std::string::npos ? text.size() : end + 1)
+      << "Run with --help for details.\n";
+  return exit_usage;
+}
+
+int failure(std::ostream& err, const std::string& what) {
+  err << "mota: " << what << "\n";
+  return exit_failure;
+}
+
+}  // namespace mota_tool
