@@ -47,8 +47,7 @@ consumer: build
 	bash scripts/check-consumer.sh build/dev
 
 demo: build
-	@if [ -x scripts/demo.sh ]; then bash scripts/demo.sh build/dev; \
-	else echo "The command-line tour is not built yet; run 'make test'."; fi
+	bash scripts/demo.sh build/dev
 
 install: build
 	cmake --install build/dev

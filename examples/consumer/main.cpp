@@ -4,13 +4,18 @@
 #include <iostream>
 
 int main() {
-  mota::strings::ustring8 text = "mota ";
-  text = text + "consumer";
+  namespace strings = mota::strings;
+
+  const strings::ustring8 text = "caf\xC3\xA9";
+  const strings::ustring16 wide = strings::utf8_to_utf16(text);
+  const mota::types::variant count(42);
+
+  std::cout << text << " has " << wide.size() << " UTF-16 units; the variant reads as \""
+            << count.as_string() << "\"\n";
   try {
     throw mota::exceptions::invalid_argument_value("example", __LINE__, __FILE__, "main");
   } catch (const mota::exceptions::logic_error& e) {
-    std::cout << text << ": caught \"" << e.get_message() << "\" from " << e.get_state().function
-              << "\n";
+    std::cout << "caught \"" << e.get_message() << "\" from " << e.get_state().function << "\n";
   }
-  return 0;
+  return wide.size() == 4 ? 0 : 1;
 }
