@@ -59,229 +59,96 @@ T from_string(const std::string& bytes, T (*read)(const char*)) {
 
 }  // namespace
 
-short bin_str_to_int16(const char* bytes) {
-  return machine_read<short>(bytes);
-}
-short bin_str_to_int16(const std::string& bytes) {
-  return from_string<short>(bytes, machine_read<short>);
-}
-int bin_str_to_int32(const char* bytes) {
-  return machine_read<int>(bytes);
-}
-int bin_str_to_int32(const std::string& bytes) {
-  return from_string<int>(bytes, machine_read<int>);
-}
-long long bin_str_to_int64(const char* bytes) {
-  return machine_read<long long>(bytes);
-}
-long long bin_str_to_int64(const std::string& bytes) {
-  return from_string<long long>(bytes, machine_read<long long>);
-}
-unsigned short bin_str_to_uint16(const char* bytes) {
-  return machine_read<unsigned short>(bytes);
-}
-unsigned short bin_str_to_uint16(const std::string& bytes) {
-  return from_string<unsigned short>(bytes, machine_read<unsigned short>);
-}
-unsigned int bin_str_to_uint32(const char* bytes) {
-  return machine_read<unsigned int>(bytes);
-}
-unsigned int bin_str_to_uint32(const std::string& bytes) {
-  return from_string<unsigned int>(bytes, machine_read<unsigned int>);
-}
-unsigned long long bin_str_to_uint64(const char* bytes) {
-  return machine_read<unsigned long long>(bytes);
-}
-unsigned long long bin_str_to_uint64(const std::string& bytes) {
-  return from_string<unsigned long long>(bytes, machine_read<unsigned long long>);
-}
-float bin_str_to_float(const char* bytes) {
-  return machine_read<float>(bytes);
-}
-float bin_str_to_float(const std::string& bytes) {
-  return from_string<float>(bytes, machine_read<float>);
-}
-double bin_str_to_double(const char* bytes) {
-  return machine_read<double>(bytes);
-}
-double bin_str_to_double(const std::string& bytes) {
-  return from_string<double>(bytes, machine_read<double>);
-}
-std::string int16_to_bin_str(const short& value) {
-  return machine_write(value);
-}
-std::string int32_to_bin_str(const int& value) {
-  return machine_write(value);
-}
-std::string int64_to_bin_str(const long long& value) {
-  return machine_write(value);
-}
-std::string uint16_to_bin_str(const unsigned short& value) {
-  return machine_write(value);
-}
-std::string uint32_to_bin_str(const unsigned int& value) {
-  return machine_write(value);
-}
-std::string uint64_to_bin_str(const unsigned long long& value) {
-  return machine_write(value);
-}
-std::string float_to_bin_str(const float& value) {
-  return machine_write(value);
-}
-std::string double_to_bin_str(const double& value) {
-  return machine_write(value);
-}
+// The sixteen functions of one byte order, defined over its read and write templates. The
+// three families differ only in those two.
+#define MOTA_BIN_STR_FUNCTIONS(read, write)                                  \
+  short bin_str_to_int16(const char* bytes) {                                \
+    return read<short>(bytes);                                               \
+  }                                                                          \
+  short bin_str_to_int16(const std::string& bytes) {                         \
+    return from_string<short>(bytes, read<short>);                           \
+  }                                                                          \
+  int bin_str_to_int32(const char* bytes) {                                  \
+    return read<int>(bytes);                                                 \
+  }                                                                          \
+  int bin_str_to_int32(const std::string& bytes) {                           \
+    return from_string<int>(bytes, read<int>);                               \
+  }                                                                          \
+  long long bin_str_to_int64(const char* bytes) {                            \
+    return read<long long>(bytes);                                           \
+  }                                                                          \
+  long long bin_str_to_int64(const std::string& bytes) {                     \
+    return from_string<long long>(bytes, read<long long>);                   \
+  }                                                                          \
+  unsigned short bin_str_to_uint16(const char* bytes) {                      \
+    return read<unsigned short>(bytes);                                      \
+  }                                                                          \
+  unsigned short bin_str_to_uint16(const std::string& bytes) {               \
+    return from_string<unsigned short>(bytes, read<unsigned short>);         \
+  }                                                                          \
+  unsigned int bin_str_to_uint32(const char* bytes) {                        \
+    return read<unsigned int>(bytes);                                        \
+  }                                                                          \
+  unsigned int bin_str_to_uint32(const std::string& bytes) {                 \
+    return from_string<unsigned int>(bytes, read<unsigned int>);             \
+  }                                                                          \
+  unsigned long long bin_str_to_uint64(const char* bytes) {                  \
+    return read<unsigned long long>(bytes);                                  \
+  }                                                                          \
+  unsigned long long bin_str_to_uint64(const std::string& bytes) {           \
+    return from_string<unsigned long long>(bytes, read<unsigned long long>); \
+  }                                                                          \
+  float bin_str_to_float(const char* bytes) {                                \
+    return read<float>(bytes);                                               \
+  }                                                                          \
+  float bin_str_to_float(const std::string& bytes) {                         \
+    return from_string<float>(bytes, read<float>);                           \
+  }                                                                          \
+  double bin_str_to_double(const char* bytes) {                              \
+    return read<double>(bytes);                                              \
+  }                                                                          \
+  double bin_str_to_double(const std::string& bytes) {                       \
+    return from_string<double>(bytes, read<double>);                         \
+  }                                                                          \
+  std::string int16_to_bin_str(const short& value) {                         \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string int32_to_bin_str(const int& value) {                           \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string int64_to_bin_str(const long long& value) {                     \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string uint16_to_bin_str(const unsigned short& value) {               \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string uint32_to_bin_str(const unsigned int& value) {                 \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string uint64_to_bin_str(const unsigned long long& value) {           \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string float_to_bin_str(const float& value) {                         \
+    return write(value);                                                     \
+  }                                                                          \
+  std::string double_to_bin_str(const double& value) {                       \
+    return write(value);                                                     \
+  }
+
+// The machine's own order: least significant byte first on x86.
+MOTA_BIN_STR_FUNCTIONS(machine_read, machine_write)
 
 namespace little_endian {
-// Most significant byte first, like big_endian: intended.
-short bin_str_to_int16(const char* bytes) {
-  return msb_first_read<short>(bytes);
-}
-short bin_str_to_int16(const std::string& bytes) {
-  return from_string<short>(bytes, msb_first_read<short>);
-}
-int bin_str_to_int32(const char* bytes) {
-  return msb_first_read<int>(bytes);
-}
-int bin_str_to_int32(const std::string& bytes) {
-  return from_string<int>(bytes, msb_first_read<int>);
-}
-long long bin_str_to_int64(const char* bytes) {
-  return msb_first_read<long long>(bytes);
-}
-long long bin_str_to_int64(const std::string& bytes) {
-  return from_string<long long>(bytes, msb_first_read<long long>);
-}
-unsigned short bin_str_to_uint16(const char* bytes) {
-  return msb_first_read<unsigned short>(bytes);
-}
-unsigned short bin_str_to_uint16(const std::string& bytes) {
-  return from_string<unsigned short>(bytes, msb_first_read<unsigned short>);
-}
-unsigned int bin_str_to_uint32(const char* bytes) {
-  return msb_first_read<unsigned int>(bytes);
-}
-unsigned int bin_str_to_uint32(const std::string& bytes) {
-  return from_string<unsigned int>(bytes, msb_first_read<unsigned int>);
-}
-unsigned long long bin_str_to_uint64(const char* bytes) {
-  return msb_first_read<unsigned long long>(bytes);
-}
-unsigned long long bin_str_to_uint64(const std::string& bytes) {
-  return from_string<unsigned long long>(bytes, msb_first_read<unsigned long long>);
-}
-float bin_str_to_float(const char* bytes) {
-  return msb_first_read<float>(bytes);
-}
-float bin_str_to_float(const std::string& bytes) {
-  return from_string<float>(bytes, msb_first_read<float>);
-}
-double bin_str_to_double(const char* bytes) {
-  return msb_first_read<double>(bytes);
-}
-double bin_str_to_double(const std::string& bytes) {
-  return from_string<double>(bytes, msb_first_read<double>);
-}
-std::string int16_to_bin_str(const short& value) {
-  return msb_first_write(value);
-}
-std::string int32_to_bin_str(const int& value) {
-  return msb_first_write(value);
-}
-std::string int64_to_bin_str(const long long& value) {
-  return msb_first_write(value);
-}
-std::string uint16_to_bin_str(const unsigned short& value) {
-  return msb_first_write(value);
-}
-std::string uint32_to_bin_str(const unsigned int& value) {
-  return msb_first_write(value);
-}
-std::string uint64_to_bin_str(const unsigned long long& value) {
-  return msb_first_write(value);
-}
-std::string float_to_bin_str(const float& value) {
-  return msb_first_write(value);
-}
-std::string double_to_bin_str(const double& value) {
-  return msb_first_write(value);
-}
+// Most significant byte first, exactly like big_endian, despite the name: intended, and byte
+// strings already written this way are read back by either namespace.
+MOTA_BIN_STR_FUNCTIONS(msb_first_read, msb_first_write)
 }  // namespace little_endian
 
 namespace big_endian {
-short bin_str_to_int16(const char* bytes) {
-  return msb_first_read<short>(bytes);
-}
-short bin_str_to_int16(const std::string& bytes) {
-  return from_string<short>(bytes, msb_first_read<short>);
-}
-int bin_str_to_int32(const char* bytes) {
-  return msb_first_read<int>(bytes);
-}
-int bin_str_to_int32(const std::string& bytes) {
-  return from_string<int>(bytes, msb_first_read<int>);
-}
-long long bin_str_to_int64(const char* bytes) {
-  return msb_first_read<long long>(bytes);
-}
-long long bin_str_to_int64(const std::string& bytes) {
-  return from_string<long long>(bytes, msb_first_read<long long>);
-}
-unsigned short bin_str_to_uint16(const char* bytes) {
-  return msb_first_read<unsigned short>(bytes);
-}
-unsigned short bin_str_to_uint16(const std::string& bytes) {
-  return from_string<unsigned short>(bytes, msb_first_read<unsigned short>);
-}
-unsigned int bin_str_to_uint32(const char* bytes) {
-  return msb_first_read<unsigned int>(bytes);
-}
-unsigned int bin_str_to_uint32(const std::string& bytes) {
-  return from_string<unsigned int>(bytes, msb_first_read<unsigned int>);
-}
-unsigned long long bin_str_to_uint64(const char* bytes) {
-  return msb_first_read<unsigned long long>(bytes);
-}
-unsigned long long bin_str_to_uint64(const std::string& bytes) {
-  return from_string<unsigned long long>(bytes, msb_first_read<unsigned long long>);
-}
-float bin_str_to_float(const char* bytes) {
-  return msb_first_read<float>(bytes);
-}
-float bin_str_to_float(const std::string& bytes) {
-  return from_string<float>(bytes, msb_first_read<float>);
-}
-double bin_str_to_double(const char* bytes) {
-  return msb_first_read<double>(bytes);
-}
-double bin_str_to_double(const std::string& bytes) {
-  return from_string<double>(bytes, msb_first_read<double>);
-}
-std::string int16_to_bin_str(const short& value) {
-  return msb_first_write(value);
-}
-std::string int32_to_bin_str(const int& value) {
-  return msb_first_write(value);
-}
-std::string int64_to_bin_str(const long long& value) {
-  return msb_first_write(value);
-}
-std::string uint16_to_bin_str(const unsigned short& value) {
-  return msb_first_write(value);
-}
-std::string uint32_to_bin_str(const unsigned int& value) {
-  return msb_first_write(value);
-}
-std::string uint64_to_bin_str(const unsigned long long& value) {
-  return msb_first_write(value);
-}
-std::string float_to_bin_str(const float& value) {
-  return msb_first_write(value);
-}
-std::string double_to_bin_str(const double& value) {
-  return msb_first_write(value);
-}
+MOTA_BIN_STR_FUNCTIONS(msb_first_read, msb_first_write)
 }  // namespace big_endian
+
+#undef MOTA_BIN_STR_FUNCTIONS
 
 }  // namespace convert
 }  // namespace generic
