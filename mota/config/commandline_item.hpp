@@ -30,9 +30,9 @@ class MOTA_API commandline_item : public base_config_item {
   //   it starts with "-" or "/"; a value with a "," becomes an array of its non-empty pieces;
   // - a key with neither value nor operator is a flag, stored as the boolean true;
   //   "-key=" with nothing to follow stores an empty text.
-  // Always true; null entries in the vector are skipped.
-  bool load(item_list& items) override;
-  bool load() override;
+  // Null entries in the vector are skipped.
+  void load(item_list& items) override;
+  void load() override;
   // Drops every value.
   void unload() override;
   commandline_item* clone() const override;

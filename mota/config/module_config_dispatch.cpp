@@ -27,14 +27,14 @@ void module_config_dispatch::setup(item_list& items) {
   append(items, new enviroment_item(m_envp));
 }
 
-bool module_config_dispatch::load(item_list& items) {
-  return load_each(items);
+void module_config_dispatch::load(item_list& items) {
+  load_each(items);
 }
 void module_config_dispatch::unload(item_list& items) {
   unload_each(items);
 }
-bool module_config_dispatch::save(item_list& items) {
-  return save_each(items);
+void module_config_dispatch::save(item_list& items) {
+  save_each(items);
 }
 
 module_config_dispatch* module_config_dispatch::clone() const {

@@ -23,9 +23,9 @@ class MOTA_API module_config_dispatch : public config_dispatch {
   // stored under its name with its value; an unnamed argument whose value is text of the form
   // "key=value" is stored as set(text) does; other unnamed arguments are ignored.
   void setup(item_list& items) override;
-  bool load(item_list& items) override;
+  void load(item_list& items) override;
   void unload(item_list& items) override;
-  bool save(item_list& items) override;
+  void save(item_list& items) override;
   module_config_dispatch* clone() const override;
 
  private:
