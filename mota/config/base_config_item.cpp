@@ -34,7 +34,9 @@ void base_config_item::save(item_list& /*items*/) {
   save();
 }
 void base_config_item::save() {}
-void base_config_item::unload() {}
+void base_config_item::unload() {
+  m_tree.clear();
+}
 
 const base_config_item::node_t* base_config_item::get_value(const strings::ustring8& key) const {
   return m_tree.get_node(key);

@@ -49,8 +49,7 @@ class MOTA_API base_config_item
   virtual void save(item_list& items);
   // Saves to the item's own source; the base has none and does nothing.
   virtual void save();
-  // Drops the values read from the item's source. The base has no source, so the values the
-  // application set stay.
+  // Drops every value of the item.
   virtual void unload();
   base_config_item* clone() const override = 0;
 

@@ -135,6 +135,18 @@ TEST(ConfigItem, CloneCopiesTheTree) {
   delete copy;
 }
 
+TEST(ConfigItem, UnloadDropsEveryValue) {
+  user_item item;
+  item.set("k", variant(ustring8("v")), 0u);
+  item.set_array("arr", varg_list(), varg_list(argument(variant(1))));
+  item.load();  // no source: the values stay
+  EXPECT_EQ("0:v", text_of(item, "k"));
+  item.unload();
+  EXPECT_EQ(nullptr, item.get_value("k"));
+  EXPECT_EQ(nullptr, item.get_value("arr.0"));
+  EXPECT_TRUE(item.get_tree().empty());
+}
+
 TEST(ConfigItem, DumpListsEveryNode) {
   user_item item;
   item.set("b", variant(ustring8("two words")), 0u);

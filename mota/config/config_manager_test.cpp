@@ -276,7 +276,10 @@ TEST(ConfigManager, ModuleDispatchUsesArgumentsThenEnvironment) {
   EXPECT_EQ("1", text(m, "a"));
   EXPECT_EQ("2", text(m, "b"));
   EXPECT_EQ("env", text(m, "c"));
-  m.unload();  // the arguments stay; the environment goes
-  EXPECT_EQ("1", text(m, "a"));
+  m.unload();  // every item is emptied
+  EXPECT_EQ("<default>", text(m, "a"));
   EXPECT_EQ("<default>", text(m, "c"));
+  m.load();  // and filled again
+  EXPECT_EQ("1", text(m, "a"));
+  EXPECT_EQ("env", text(m, "c"));
 }
