@@ -56,7 +56,8 @@ void commandline_item::store_program_name(const strings::ustring8& path) {
     for (std::size_t i = 0; i < last_dot; ++i)
       if (name[i] != '.') raw += name[i];
   }
-  if (!raw.empty()) set("application.name.raw", types::variant(raw), 0u);
+  // A name of dots and an extension only (".profile") keeps its whole name as the raw name.
+  set("application.name.raw", types::variant(raw.empty() ? name : raw), 0u);
 }
 
 void commandline_item::load(item_list& /*items*/) {

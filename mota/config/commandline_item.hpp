@@ -1,7 +1,8 @@
 // The process command line as a configuration item. argv[0] gives "application.name" (the
 // program's file name), "application.name.extention" (its last dot-separated piece, when it has
 // one; the key's spelling is the library's own) and "application.name.raw" (the name without
-// that piece and without dots). Every further argument is "-key", "-key=value", "/key:value",
+// that piece and without dots, or the whole name when nothing is left). Every further argument is
+// "-key", "-key=value", "/key:value",
 // "-key value" or "-key=a,b,c" (an array).
 //
 //   mota::config::commandline_item cmd(argc, argv);

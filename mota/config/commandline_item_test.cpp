@@ -42,6 +42,9 @@ TEST(ConfigCommandLine, ProgramName) {
       {"prog.sh",
        "application.name=0:prog.sh\napplication.name.extention=0:sh\n"
        "application.name.raw=0:prog\n"},
+      {".profile",
+       "application.name=0:.profile\napplication.name.extention=0:profile\n"
+       "application.name.raw=0:.profile\n"},
       {"dir/", ""},
       {"", ""},
   };
