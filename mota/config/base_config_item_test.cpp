@@ -166,6 +166,20 @@ TEST(ConfigItem, DumpListsEveryNode) {
       out.str());
 }
 
+TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {
+  user_item item;
+  for (const char* key : {"a-b", "a.x", "a", "a.x.y", "a0", "b"})
+    item.set(key, variant(ustring8("v")), 0u);
+  std::ostringstream out;
+  item.dump(out);
+  // Each node's descendants follow it before any sibling key that merely shares its start.
+  EXPECT_EQ(
+      "|---------------\\\n"
+      "a|\t\tv\na.x|\t\tv\na.x.y|\t\tv\na-b|\t\tv\na0|\t\tv\nb|\t\tv\n"
+      "end\n",
+      out.str());
+}
+
 TEST(ConfigQuoteValue, QuotesOnlyTextWithBlanks) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"plain", "plain"},

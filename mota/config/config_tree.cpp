@@ -6,6 +6,23 @@
 namespace MOTA_2_18 {
 namespace config {
 
+namespace {
+
+// Key order of a tree walk: piece by piece, so that a node's descendants follow it directly
+// ("a", "a.x", "a-b"). The dot ranks below every other byte.
+bool tree_less(const std::string& a, const std::string& b) {
+  const std::size_t n = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < n; ++i) {
+    if (a[i] == b[i]) continue;
+    if (a[i] == '.') return true;
+    if (b[i] == '.') return false;
+    return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[i]);
+  }
+  return a.size() < b.size();
+}
+
+}  // namespace
+
 const config_tree::node_t* config_tree::get_node(const std::string& key) const {
   const auto it = m_nodes.find(key);
   return it == m_nodes.end() ? nullptr : &it->second.node;
@@ -104,7 +121,7 @@ std::vector<const config_tree::map_t::value_type*> config_tree::sorted() const {
   for (const auto& kv : m_nodes)
     out.push_back(&kv);
   std::sort(out.begin(), out.end(),
-            [](const auto* a, const auto* b) { return a->first < b->first; });
+            [](const auto* a, const auto* b) { return tree_less(a->first, b->first); });
   return out;
 }
 

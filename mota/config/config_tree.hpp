@@ -69,13 +69,13 @@ class MOTA_API config_tree {
   static bool parse_string(const std::string& key, strings::ustring8& head,
                            strings::ustring8& rest);
 
-  // Calls f(key, node, element_names) for every node in key order; element_names is empty
-  // for nodes that are not arrays.
+  // Calls f(key, node, element_names) for every node in tree order (piece by piece, each node
+  // followed by the nodes below it); element_names is empty for nodes that are not arrays.
   void visit(const std::function<void(const std::string&, const node_t&,
                                       const std::vector<std::string>&)>& f) const;
 
-  // Writes one line per node: "|---------------\", then "<key><mark>|\t\t<value>" with the
-  // mark "[]" for arrays (value: element count) and "?" for indirections, then "end".
+  // Writes one line per node in tree order: "|---------------\", then "<key><mark>|\t\t<value>"
+  // with the mark "[]" for arrays (value: element count) and "?" for indirections, then "end".
   void dump(std::ostream& out) const;
 
  private:
