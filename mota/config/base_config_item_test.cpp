@@ -104,6 +104,34 @@ TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
   EXPECT_TRUE(pairs.empty());
 }
 
+TEST(ConfigItem, ArraysMadeByTheirFlagsHoldTheNodesBelowThem) {
+  user_item item;
+  for (const char* key : {"c.1", "c.0", "c.10", "c.2", "c.x.deep", "cd"})
+    item.set(key, variant(ustring8(key)), 0u);
+  item.set("c", variant(), base_config_item::array_flags);
+  item.set("c.3", variant(ustring8("later")), 0u);
+  item.set("c.x.deeper", variant(1), 0u);  // below an element, not an element
+
+  const auto names = [&item] {
+    std::vector<std::pair<ustring8, variant>> pairs;
+    EXPECT_TRUE(item.get_value_pair_array("c", pairs));
+    std::string out;
+    for (const auto& p : pairs)
+      out += std::string(p.first) + "=" + std::string(p.second.as_string()) + " ";
+    return out;
+  };
+  EXPECT_EQ("0=c.0 1=c.1 2=c.2 10=c.10 3=later ", names());
+  mota::config::config_tree tree = item.get_tree();
+  tree.erase("c.1");
+  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
+  ASSERT_TRUE(tree.get_array("c", elements));
+  ASSERT_EQ(4u, elements.size());
+  EXPECT_EQ("2", elements[1].first);
+  item.set("c", variant(ustring8("plain")), 0u);  // no longer an array
+  std::vector<std::pair<ustring8, variant>> none;
+  EXPECT_FALSE(item.get_value_pair_array("c", none));
+}
+
 TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
   user_item item;
   for (const char* key : {"a", "a.b", "a.b.c", "ab", "a-"})

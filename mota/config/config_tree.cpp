@@ -29,15 +29,54 @@ const config_tree::node_t* config_tree::get_node(const std::string& key) const {
 }
 
 void config_tree::set_node(std::string key, const types::variant& value, unsigned flags) {
-  entry& e = m_nodes.try_emplace(std::move(key)).first->second;
+  const auto placed = m_nodes.try_emplace(std::move(key));
+  entry& e = placed.first->second;
+  const bool was_array = !placed.second && is_array(e.node.first);
   e.node.first = flags;
   e.node.second = value;
-  if (!is_array(flags)) e.elements.clear();
+  if (!is_array(flags))
+    e.elements.clear();
+  else if (!was_array)
+    adopt_children(placed.first->first, e);
+  if (placed.second) note_in_parent(placed.first->first);
+}
+
+void config_tree::note_in_parent(const std::string& key) {
+  const std::size_t dot = key.rfind('.');
+  if (dot == std::string::npos) return;
+  const auto parent = m_nodes.find(key.substr(0, dot));
+  if (parent != m_nodes.end() && is_array(parent->second.node.first))
+    parent->second.elements.push_back(key.substr(dot + 1));
+}
+
+void config_tree::adopt_children(const std::string& key, entry& array) {
+  // Nodes stored under the key before it became an array are its elements: numbered ones
+  // first in number order, then the others in text order.
+  const std::string below = key + ".";
+  std::vector<std::string> names;
+  for (const auto& kv : m_nodes) {
+    const std::string& k = kv.first;
+    if (k.size() > below.size() && k.compare(0, below.size(), below) == 0 &&
+        k.find('.', below.size()) == std::string::npos)
+      names.push_back(k.substr(below.size()));
+  }
+  const auto numeric = [](const std::string& s) {
+    return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
+  };
+  std::sort(names.begin(), names.end(), [&](const std::string& a, const std::string& b) {
+    const bool na = numeric(a), nb = numeric(b);
+    if (na != nb) return na;
+    if (na && a.size() != b.size()) return a.size() < b.size();
+    return a < b;
+  });
+  array.elements = std::move(names);
 }
 
 void config_tree::set_array(const std::string& key,
                             const std::vector<std::pair<std::string, types::variant>>& elements) {
-  entry& array = m_nodes[key];
+  const auto placed = m_nodes.try_emplace(key);
+  if (placed.second) note_in_parent(key);
+  entry& array = placed.first->second;
   // Drop the elements of the array stored here before, so no stale element survives.
   std::vector<std::string> old;
   old.swap(array.elements);
@@ -83,6 +122,16 @@ bool config_tree::get_value_pair_array(
 }
 
 void config_tree::erase(const std::string& key) {
+  // An array that holds the key as an element forgets it.
+  const std::size_t dot = key.rfind('.');
+  if (dot != std::string::npos) {
+    const auto parent = m_nodes.find(key.substr(0, dot));
+    if (parent != m_nodes.end()) {
+      std::vector<std::string>& names = parent->second.elements;
+      const auto name = std::find(names.begin(), names.end(), key.substr(dot + 1));
+      if (name != names.end()) names.erase(name);
+    }
+  }
   const std::string below = key + ".";
   for (auto it = m_nodes.begin(); it != m_nodes.end();) {
     if (it->first == key || it->first.compare(0, below.size(), below) == 0)

@@ -39,7 +39,9 @@ class MOTA_API config_tree {
   const node_t* get_node(const std::string& key) const;
 
   // Stores (replacing) the node under the key. A node that stops being an array forgets its
-  // element list; the element nodes themselves stay as ordinary keys.
+  // element list; the element nodes themselves stay as ordinary keys. A node that becomes an
+  // array takes the nodes directly below it as its elements (numbered ones in number order
+  // first), and a node stored directly below an array is appended to its elements.
   void set_node(std::string key, const types::variant& value, unsigned flags);
 
   // Replaces the array under the key: the element nodes of a previous array there are erased,
@@ -86,6 +88,10 @@ class MOTA_API config_tree {
   using map_t = std::unordered_map<std::string, entry>;
   // The entries in key order, for output.
   std::vector<const map_t::value_type*> sorted() const;
+  // Appends the key to the elements of its parent when the parent is an array.
+  void note_in_parent(const std::string& key);
+  // Makes the nodes directly below the key the elements of `array`.
+  void adopt_children(const std::string& key, entry& array);
 
   map_t m_nodes;
 };
