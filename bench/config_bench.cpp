@@ -98,9 +98,9 @@ class three_items : public mota::config::config_dispatch {
     items.front()->set("indirect", variant(ustring8("item2.key777")),
                        base_config_item::indirect_flag);
   }
-  bool load(item_list&) override { return true; }
+  void load(item_list&) override {}
   void unload(item_list&) override {}
-  bool save(item_list&) override { return true; }
+  void save(item_list&) override {}
   three_items* clone() const override { return new three_items(*this); }
 };
 

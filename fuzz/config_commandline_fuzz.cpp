@@ -16,9 +16,9 @@ class copy_dispatch : public mota::config::config_dispatch {
  public:
   explicit copy_dispatch(const mota::config::base_config_item& item) : m_item(item) {}
   void setup(item_list& items) override { append(items, m_item.clone()); }
-  bool load(item_list&) override { return true; }
+  void load(item_list&) override {}
   void unload(item_list&) override {}
-  bool save(item_list&) override { return true; }
+  void save(item_list&) override {}
   copy_dispatch* clone() const override { return new copy_dispatch(*this); }
 
  private:

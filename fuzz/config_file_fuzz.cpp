@@ -19,9 +19,9 @@ class copy_dispatch : public mota::config::config_dispatch {
     append(items, m_item.clone());
     append(items, m_item.clone());
   }
-  bool load(item_list& items) override { return load_each(items); }
+  void load(item_list& items) override { load_each(items); }
   void unload(item_list& items) override { unload_each(items); }
-  bool save(item_list&) override { return true; }
+  void save(item_list&) override {}
   copy_dispatch* clone() const override { return new copy_dispatch(*this); }
 
  private:

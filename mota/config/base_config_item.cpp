@@ -26,19 +26,17 @@ base_config_item::base_config_item(const base_config_item& other)
 
 base_config_item::~base_config_item() = default;
 
-bool base_config_item::load(item_list& /*items*/) {
-  return load();
+void base_config_item::load(item_list& /*items*/) {
+  load();
 }
-bool base_config_item::load() {
-  return true;
+void base_config_item::load() {}
+void base_config_item::save(item_list& /*items*/) {
+  save();
 }
-bool base_config_item::save(item_list& /*items*/) {
-  return save();
+void base_config_item::save() {}
+void base_config_item::unload() {
+  m_tree.clear();
 }
-bool base_config_item::save() {
-  return true;
-}
-void base_config_item::unload() {}
 
 const base_config_item::node_t* base_config_item::get_value(const strings::ustring8& key) const {
   return m_tree.get_node(key);

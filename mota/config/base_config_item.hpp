@@ -41,16 +41,15 @@ class MOTA_API base_config_item
   ~base_config_item() override;
 
   // Loads the item, given the list of all items (an item may consult the others). The base
-  // version calls load(). True when the item's source was read.
-  virtual bool load(item_list& items);
-  // Loads from the item's own source; the base has none and returns true.
-  virtual bool load();
+  // version calls load().
+  virtual void load(item_list& items);
+  // Loads from the item's own source; the base has none and does nothing.
+  virtual void load();
   // Saves the item, given the list of all items; the base version calls save().
-  virtual bool save(item_list& items);
-  // Saves to the item's own source; the base has none and returns true.
-  virtual bool save();
-  // Drops the values read from the item's source. The base has no source, so the values the
-  // application set stay.
+  virtual void save(item_list& items);
+  // Saves to the item's own source; the base has none and does nothing.
+  virtual void save();
+  // Drops every value of the item.
   virtual void unload();
   base_config_item* clone() const override = 0;
 

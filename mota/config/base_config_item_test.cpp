@@ -104,6 +104,34 @@ TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
   EXPECT_TRUE(pairs.empty());
 }
 
+TEST(ConfigItem, ArraysMadeByTheirFlagsHoldTheNodesBelowThem) {
+  user_item item;
+  for (const char* key : {"c.1", "c.0", "c.10", "c.2", "c.x.deep", "cd"})
+    item.set(key, variant(ustring8(key)), 0u);
+  item.set("c", variant(), base_config_item::array_flags);
+  item.set("c.3", variant(ustring8("later")), 0u);
+  item.set("c.x.deeper", variant(1), 0u);  // below an element, not an element
+
+  const auto names = [&item] {
+    std::vector<std::pair<ustring8, variant>> pairs;
+    EXPECT_TRUE(item.get_value_pair_array("c", pairs));
+    std::string out;
+    for (const auto& p : pairs)
+      out += std::string(p.first) + "=" + std::string(p.second.as_string()) + " ";
+    return out;
+  };
+  EXPECT_EQ("0=c.0 1=c.1 2=c.2 10=c.10 3=later ", names());
+  mota::config::config_tree tree = item.get_tree();
+  tree.erase("c.1");
+  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
+  ASSERT_TRUE(tree.get_array("c", elements));
+  ASSERT_EQ(4u, elements.size());
+  EXPECT_EQ("2", elements[1].first);
+  item.set("c", variant(ustring8("plain")), 0u);  // no longer an array
+  std::vector<std::pair<ustring8, variant>> none;
+  EXPECT_FALSE(item.get_value_pair_array("c", none));
+}
+
 TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
   user_item item;
   for (const char* key : {"a", "a.b", "a.b.c", "ab", "a-"})
@@ -135,6 +163,18 @@ TEST(ConfigItem, CloneCopiesTheTree) {
   delete copy;
 }
 
+TEST(ConfigItem, UnloadDropsEveryValue) {
+  user_item item;
+  item.set("k", variant(ustring8("v")), 0u);
+  item.set_array("arr", varg_list(), varg_list(argument(variant(1))));
+  item.load();  // no source: the values stay
+  EXPECT_EQ("0:v", text_of(item, "k"));
+  item.unload();
+  EXPECT_EQ(nullptr, item.get_value("k"));
+  EXPECT_EQ(nullptr, item.get_value("arr.0"));
+  EXPECT_TRUE(item.get_tree().empty());
+}
+
 TEST(ConfigItem, DumpListsEveryNode) {
   user_item item;
   item.set("b", variant(ustring8("two words")), 0u);
@@ -150,6 +190,20 @@ TEST(ConfigItem, DumpListsEveryNode) {
       "a.0|\t\tx\n"
       "b|\t\ttwo words\n"
       "link?|\t\tb\n"
+      "end\n",
+      out.str());
+}
+
+TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {
+  user_item item;
+  for (const char* key : {"a-b", "a.x", "a", "a.x.y", "a0", "b"})
+    item.set(key, variant(ustring8("v")), 0u);
+  std::ostringstream out;
+  item.dump(out);
+  // Each node's descendants follow it before any sibling key that merely shares its start.
+  EXPECT_EQ(
+      "|---------------\\\n"
+      "a|\t\tv\na.x|\t\tv\na.x.y|\t\tv\na-b|\t\tv\na0|\t\tv\nb|\t\tv\n"
       "end\n",
       out.str());
 }

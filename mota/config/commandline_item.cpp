@@ -56,16 +56,17 @@ void commandline_item::store_program_name(const strings::ustring8& path) {
     for (std::size_t i = 0; i < last_dot; ++i)
       if (name[i] != '.') raw += name[i];
   }
-  if (!raw.empty()) set("application.name.raw", types::variant(raw), 0u);
+  // A name of dots and an extension only (".profile") keeps its whole name as the raw name.
+  set("application.name.raw", types::variant(raw.empty() ? name : raw), 0u);
 }
 
-bool commandline_item::load(item_list& /*items*/) {
-  return load();
+void commandline_item::load(item_list& /*items*/) {
+  load();
 }
 
-bool commandline_item::load() {
+void commandline_item::load() {
   m_tree.clear();
-  if (m_argv == nullptr || m_argc == 0) return true;
+  if (m_argv == nullptr || m_argc == 0) return;
   if (m_argv[0] != nullptr) store_program_name(m_argv[0]);
 
   config_token tok;
@@ -126,7 +127,6 @@ bool commandline_item::load() {
       set(key, types::variant(value), 0u);
     }
   }
-  return true;
 }
 
 void commandline_item::unload() {

@@ -1,7 +1,8 @@
 // The process command line as a configuration item. argv[0] gives "application.name" (the
 // program's file name), "application.name.extention" (its last dot-separated piece, when it has
 // one; the key's spelling is the library's own) and "application.name.raw" (the name without
-// that piece and without dots). Every further argument is "-key", "-key=value", "/key:value",
+// that piece and without dots, or the whole name when nothing is left). Every further argument is
+// "-key", "-key=value", "/key:value",
 // "-key value" or "-key=a,b,c" (an array).
 //
 //   mota::config::commandline_item cmd(argc, argv);
@@ -30,9 +31,9 @@ class MOTA_API commandline_item : public base_config_item {
   //   it starts with "-" or "/"; a value with a "," becomes an array of its non-empty pieces;
   // - a key with neither value nor operator is a flag, stored as the boolean true;
   //   "-key=" with nothing to follow stores an empty text.
-  // Always true; null entries in the vector are skipped.
-  bool load(item_list& items) override;
-  bool load() override;
+  // Null entries in the vector are skipped.
+  void load(item_list& items) override;
+  void load() override;
   // Drops every value.
   void unload() override;
   commandline_item* clone() const override;

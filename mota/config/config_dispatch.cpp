@@ -5,11 +5,9 @@ namespace config {
 
 config_dispatch::~config_dispatch() = default;
 
-bool config_dispatch::load_each(item_list& items) {
-  bool all = true;
+void config_dispatch::load_each(item_list& items) {
   for (auto& item : items)
-    if (item && !item->load(items)) all = false;
-  return all;
+    if (item) item->load(items);
 }
 
 void config_dispatch::unload_each(item_list& items) {
@@ -17,11 +15,9 @@ void config_dispatch::unload_each(item_list& items) {
     if (item) item->unload();
 }
 
-bool config_dispatch::save_each(item_list& items) {
-  bool all = true;
+void config_dispatch::save_each(item_list& items) {
   for (auto& item : items)
-    if (item && !item->save(items)) all = false;
-  return all;
+    if (item) item->save(items);
 }
 
 void config_dispatch::append(item_list& items, base_config_item* item) {

@@ -22,11 +22,10 @@ class MOTA_API config_dispatch : public generic::abilities::clone_ability {
 
   // Appends the dispatch's items to the list.
   virtual void setup(item_list& items) = 0;
-  // Loads the items; true when every item's load succeeded.
-  virtual bool load(item_list& items) = 0;
+  // Loads, unloads or saves the items.
+  virtual void load(item_list& items) = 0;
   virtual void unload(item_list& items) = 0;
-  // Saves the items; true when every item's save succeeded.
-  virtual bool save(item_list& items) = 0;
+  virtual void save(item_list& items) = 0;
   config_dispatch* clone() const override = 0;
 
  protected:
@@ -35,9 +34,9 @@ class MOTA_API config_dispatch : public generic::abilities::clone_ability {
   config_dispatch& operator=(const config_dispatch&) = default;
 
   // The operation on every item in list order, each given the whole list.
-  static bool load_each(item_list& items);
+  static void load_each(item_list& items);
   static void unload_each(item_list& items);
-  static bool save_each(item_list& items);
+  static void save_each(item_list& items);
   // Appends a heap item that the list owns.
   static void append(item_list& items, base_config_item* item);
 };

@@ -21,16 +21,16 @@ void config_manager::init(const config_dispatch& dispatch) {
   m_dispatch->setup(m_items);
 }
 
-bool config_manager::load() {
-  return m_dispatch != nullptr && m_dispatch->load(m_items);
+void config_manager::load() {
+  if (m_dispatch != nullptr) m_dispatch->load(m_items);
 }
 
 void config_manager::unload() {
   if (m_dispatch != nullptr) m_dispatch->unload(m_items);
 }
 
-bool config_manager::save() {
-  return m_dispatch != nullptr && m_dispatch->save(m_items);
+void config_manager::save() {
+  if (m_dispatch != nullptr) m_dispatch->save(m_items);
 }
 
 types::variant config_manager::get_value(const strings::ustring8& key,

@@ -34,11 +34,10 @@ class MOTA_API config_manager {
   // Drops the dispatch and every item held so far, keeps a clone of `dispatch` and lets it
   // append its items.
   void init(const config_dispatch& dispatch);
-  // Forward to the dispatch with the item list; without a dispatch load and save return
-  // false and unload does nothing.
-  bool load();
+  // Forward to the dispatch with the item list; without a dispatch they do nothing.
+  void load();
   void unload();
-  bool save();
+  void save();
 
   // The value under the key from the first item that has it. For an array, its first element
   // (nil when that is missing). For an indirection (flag 4), the lookup starts again with the

@@ -30,9 +30,9 @@ class fixed_dispatch : public config_dispatch {
     for (const user_item& item : m_items)
       append(items, item.clone());
   }
-  bool load(item_list& items) override { return load_each(items); }
+  void load(item_list& items) override { load_each(items); }
   void unload(item_list& items) override { unload_each(items); }
-  bool save(item_list& items) override { return save_each(items); }
+  void save(item_list& items) override { save_each(items); }
   fixed_dispatch* clone() const override { return new fixed_dispatch(*this); }
 
  private:
@@ -58,6 +58,49 @@ std::string text(const config_manager& m, const char* key) {
 constexpr unsigned indirect = base_config_item::indirect_flag;
 
 }  // namespace
+
+namespace {
+
+// A dispatch written the way an application writes its own: every operation returns nothing.
+// It records each call with the size of the list it was handed.
+class recording_dispatch : public config_dispatch {
+ public:
+  explicit recording_dispatch(std::string* log) : m_log(log) {}
+  void setup(item_list& items) override {
+    *m_log += "setup" + std::to_string(items.size()) + " ";
+    append(items, new user_item);
+  }
+  void load(item_list& items) override { *m_log += "load" + std::to_string(items.size()) + " "; }
+  void unload(item_list& items) override {
+    *m_log += "unload" + std::to_string(items.size()) + " ";
+  }
+  void save(item_list& items) override { *m_log += "save" + std::to_string(items.size()) + " "; }
+  recording_dispatch* clone() const override {
+    *m_log += "clone ";
+    return new recording_dispatch(*this);
+  }
+
+ private:
+  std::string* m_log;
+};
+
+}  // namespace
+
+TEST(ConfigManager, ForwardsToAClonedDispatch) {
+  std::string log;
+  config_manager m;
+  m.load();  // no dispatch yet: nothing happens
+  m.unload();
+  m.save();
+  EXPECT_EQ("", log);
+  m.init(recording_dispatch(&log));
+  m.load();
+  m.unload();
+  m.save();
+  m.init(recording_dispatch(&log));  // the list is emptied before the new setup
+  EXPECT_EQ("clone setup0 load1 unload1 save1 clone setup0 ", log);
+  EXPECT_EQ(1u, m.get_items().size());
+}
 
 TEST(ConfigManager, FirstItemWinsAndArraysGiveTheirFirstElement) {
   user_item a, b;
@@ -144,9 +187,6 @@ TEST(ConfigManager, ItemsByIdDumpAndInit) {
   user_item a;
   put(a, "k", "v");
   config_manager m;
-  EXPECT_FALSE(m.load());
-  EXPECT_FALSE(m.save());
-  m.unload();
   EXPECT_FALSE(m.get_config_item("user item"));
   m.init(fixed_dispatch({a, user_item()}));
 
@@ -191,7 +231,7 @@ TEST(ConfigManager, CommandLineOverFileOverEnvironment) {
     ids.push_back(item->get_id());
   EXPECT_EQ((std::vector<std::string>{"command line", "standard file", "enviroment"}), ids);
 
-  EXPECT_TRUE(m.load());
+  m.load();
   EXPECT_EQ("cmd", text(m, "both"));
   EXPECT_EQ("from file", text(m, "fileenv"));
   EXPECT_EQ("env", text(m, "envonly"));
@@ -206,14 +246,14 @@ TEST(ConfigManager, CommandLineOverFileOverEnvironment) {
   argv.push_back(cfg_flag.c_str());
   m.init(mota::config::std_config_dispatch(static_cast<int>(argv.size()), argv.data(), envp,
                                            ustring8(dir / "app")));
-  EXPECT_TRUE(m.load());
+  m.load();
   EXPECT_EQ("other", text(m, "fileenv"));
   EXPECT_EQ("cmd", text(m, "both"));
 
   // Saving writes the file item back; the other items have nothing to write.
   auto file = m.get_config_item("standard file");
   file->set("added", variant(ustring8("new value")), 0u);
-  EXPECT_TRUE(m.save());
+  m.save();
   std::ifstream in(dir / "other.cfg");
   const std::string saved((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   EXPECT_EQ("added=\"new value\"\nfileenv=other\n", saved);
@@ -232,11 +272,14 @@ TEST(ConfigManager, ModuleDispatchUsesArgumentsThenEnvironment) {
   EXPECT_EQ("enviroment", m.get_items().back()->get_id());
   EXPECT_EQ(2u, m.get_items().front()->get_tree().size());
 
-  EXPECT_TRUE(m.load());
+  m.load();
   EXPECT_EQ("1", text(m, "a"));
   EXPECT_EQ("2", text(m, "b"));
   EXPECT_EQ("env", text(m, "c"));
-  m.unload();  // the arguments stay; the environment goes
-  EXPECT_EQ("1", text(m, "a"));
+  m.unload();  // every item is emptied
+  EXPECT_EQ("<default>", text(m, "a"));
   EXPECT_EQ("<default>", text(m, "c"));
+  m.load();  // and filled again
+  EXPECT_EQ("1", text(m, "a"));
+  EXPECT_EQ("env", text(m, "c"));
 }

@@ -39,7 +39,9 @@ class MOTA_API config_tree {
   const node_t* get_node(const std::string& key) const;
 
   // Stores (replacing) the node under the key. A node that stops being an array forgets its
-  // element list; the element nodes themselves stay as ordinary keys.
+  // element list; the element nodes themselves stay as ordinary keys. A node that becomes an
+  // array takes the nodes directly below it as its elements (numbered ones in number order
+  // first), and a node stored directly below an array is appended to its elements.
   void set_node(std::string key, const types::variant& value, unsigned flags);
 
   // Replaces the array under the key: the element nodes of a previous array there are erased,
@@ -69,13 +71,13 @@ class MOTA_API config_tree {
   static bool parse_string(const std::string& key, strings::ustring8& head,
                            strings::ustring8& rest);
 
-  // Calls f(key, node, element_names) for every node in key order; element_names is empty
-  // for nodes that are not arrays.
+  // Calls f(key, node, element_names) for every node in tree order (piece by piece, each node
+  // followed by the nodes below it); element_names is empty for nodes that are not arrays.
   void visit(const std::function<void(const std::string&, const node_t&,
                                       const std::vector<std::string>&)>& f) const;
 
-  // Writes one line per node: "|---------------\", then "<key><mark>|\t\t<value>" with the
-  // mark "[]" for arrays (value: element count) and "?" for indirections, then "end".
+  // Writes one line per node in tree order: "|---------------\", then "<key><mark>|\t\t<value>"
+  // with the mark "[]" for arrays (value: element count) and "?" for indirections, then "end".
   void dump(std::ostream& out) const;
 
  private:
@@ -86,6 +88,10 @@ class MOTA_API config_tree {
   using map_t = std::unordered_map<std::string, entry>;
   // The entries in key order, for output.
   std::vector<const map_t::value_type*> sorted() const;
+  // Appends the key to the elements of its parent when the parent is an array.
+  void note_in_parent(const std::string& key);
+  // Makes the nodes directly below the key the elements of `array`.
+  void adopt_children(const std::string& key, entry& array);
 
   map_t m_nodes;
 };

@@ -8,16 +8,15 @@ enviroment_item::enviroment_item(const char* const* envp)
 enviroment_item::enviroment_item(const enviroment_item& other) = default;
 enviroment_item::~enviroment_item() = default;
 
-bool enviroment_item::load(item_list& /*items*/) {
-  return load();
+void enviroment_item::load(item_list& /*items*/) {
+  load();
 }
 
-bool enviroment_item::load() {
+void enviroment_item::load() {
   m_tree.clear();
-  if (m_envp == nullptr) return true;
+  if (m_envp == nullptr) return;
   for (const char* const* entry = m_envp; *entry != nullptr; ++entry)
     set(*entry, 0u);
-  return true;
 }
 
 void enviroment_item::unload() {

@@ -22,9 +22,9 @@ class MOTA_API enviroment_item : public base_config_item {
 
   // Replaces the values with the vector's entries, each split at its first "=" token (an
   // entry without one is stored under its whole text with an empty value). A null vector
-  // loads nothing. Always true.
-  bool load(item_list& items) override;
-  bool load() override;
+  // loads nothing.
+  void load(item_list& items) override;
+  void load() override;
   // Drops every value.
   void unload() override;
   enviroment_item* clone() const override;

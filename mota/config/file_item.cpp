@@ -100,13 +100,13 @@ strings::ustring8 file_item::choose_filename(const item_list& items) const {
   return strings::ustring8();
 }
 
-bool file_item::load(item_list& items) {
+void file_item::load(item_list& items) {
   m_filename = choose_filename(items);
-  return load();
+  load();
 }
 
-bool file_item::load() {
-  return load_file();
+void file_item::load() {
+  load_file();
 }
 
 bool file_item::load_file() {
@@ -220,12 +220,16 @@ void file_item::parse(const strings::ustring8& text) {
   }
 }
 
-bool file_item::save(item_list& items) {
+void file_item::save(item_list& items) {
   m_filename = choose_filename(items);
-  return save();
+  save();
 }
 
-bool file_item::save() {
+void file_item::save() {
+  save_file();
+}
+
+bool file_item::save_file() const {
   if (m_filename.empty()) return false;
 
   // Element nodes are written with their array, not on lines of their own.

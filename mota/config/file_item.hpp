@@ -25,17 +25,13 @@ class MOTA_API file_item : public base_config_item {
   // "cfg_file" in the first other item that has one; the name given to the constructor, with
   // ".cfg" appended when its last path piece has no "."; "<application.name.raw>.cfg" from the
   // first other item that has that key. The choice becomes get_filename().
-  bool load(item_list& items) override;
+  void load(item_list& items) override;
   // Replaces the values with those of the file get_filename(); see load_file().
-  bool load() override;
+  void load() override;
   // Chooses the file as load(list) does, then saves as save() does.
-  bool save(item_list& items) override;
-  // Writes the values to get_filename() in the file syntax, so that load() reads back the
-  // same keys and texts: one "key=value" line per value, grouped under "[section]" headers,
-  // arrays as "key[]=a,b" lines. Keys and values go through quote_value, and are quoted too
-  // when they hold bytes the syntax would read differently. False when there is no file name
-  // or the file cannot be written.
-  bool save() override;
+  void save(item_list& items) override;
+  // Writes the values to get_filename(); see save_file().
+  void save() override;
   // Drops every value.
   void unload() override;
   file_item* clone() const override;
@@ -45,6 +41,12 @@ class MOTA_API file_item : public base_config_item {
   // Reads get_filename() and parses it into the item after dropping the old values. False,
   // with the item left empty, when the name is empty or the file cannot be read.
   bool load_file();
+  // Writes the values to get_filename() in the file syntax, so that load() reads back the
+  // same keys and texts: one "key=value" line per value, grouped under "[section]" headers,
+  // arrays as "key[]=a,b" lines. Keys and values go through quote_value, and are quoted too
+  // when they hold bytes the syntax would read differently. False when there is no file name
+  // or the file cannot be written.
+  bool save_file() const;
   // Parses configuration text into the item, adding to the values it holds.
   void parse(const strings::ustring8& text);
   // Skips one comment: consumes tokens from `position` up to the next line feed (left to be

@@ -94,20 +94,21 @@ TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
   write(path, "a = 1\nb = 2\n");
   file_item item(path);
   EXPECT_EQ("standard file", item.get_id());
-  EXPECT_TRUE(item.load());
+  EXPECT_TRUE(item.load_file());
   EXPECT_EQ("a=0:1\nb=0:2\n", render(item));
   write(path, "c = 3\n");
-  EXPECT_TRUE(item.load());
+  item.load();
   EXPECT_EQ("c=0:3\n", render(item));
   item.unload();
   EXPECT_EQ("", render(item));
 
   file_item missing(dir / "none.cfg");
-  EXPECT_FALSE(missing.load());
+  EXPECT_FALSE(missing.load_file());
   EXPECT_EQ("", render(missing));
   file_item unnamed("");
-  EXPECT_FALSE(unnamed.load());
-  EXPECT_FALSE(unnamed.save());
+  EXPECT_FALSE(unnamed.load_file());
+  EXPECT_FALSE(unnamed.save_file());
+  unnamed.save();  // no file name: nothing written
 }
 
 TEST(ConfigFileItem, SaveWritesWhatLoadReadsBack) {
@@ -125,10 +126,10 @@ TEST(ConfigFileItem, SaveWritesWhatLoadReadsBack) {
       "[\"odd section\"]\nk = v\n");
   item.set("multi", variant(ustring8("line\none")), 0u);
   const std::string before = render(item);
-  ASSERT_TRUE(item.save());
+  ASSERT_TRUE(item.save_file());
 
   file_item reread(path);
-  ASSERT_TRUE(reread.load());
+  ASSERT_TRUE(reread.load_file());
   EXPECT_EQ(before, render(reread));
 }
 
@@ -146,12 +147,12 @@ TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
   file->delete_on_zero(true);
   items.emplace_back(file);
 
-  EXPECT_TRUE(file->load(items));
+  file->load(items);
   EXPECT_EQ(dir / "given.cfg", file->get_filename());
   EXPECT_EQ("from=0:given\n", render(*file));
 
   others->set("cfg_file", variant(ustring8(dir / "named.cfg")), 0u);
-  EXPECT_TRUE(file->load(items));
+  file->load(items);
   EXPECT_EQ("from=0:cfg_file\n", render(*file));
 
   // Without a name the application's raw name gives the default file.
@@ -163,6 +164,6 @@ TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
   app->delete_on_zero(true);
   app->set("application.name.raw", variant(ustring8(dir / "tool")), 0u);
   others_only.emplace_back(app);
-  EXPECT_TRUE(unnamed->load(others_only));
+  unnamed->load(others_only);
   EXPECT_EQ("from=0:raw\n", render(*unnamed));
 }

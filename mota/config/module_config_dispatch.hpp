@@ -8,6 +8,7 @@
 #define MOTA_CONFIG_MODULE_CONFIG_DISPATCH_HPP
 
 #include <mota/config/config_dispatch.hpp>
+#include <mota/config/user_item.hpp>
 #include <mota/generic/varg_list.hpp>
 
 namespace MOTA_2_18 {
@@ -23,12 +24,16 @@ class MOTA_API module_config_dispatch : public config_dispatch {
   // stored under its name with its value; an unnamed argument whose value is text of the form
   // "key=value" is stored as set(text) does; other unnamed arguments are ignored.
   void setup(item_list& items) override;
-  bool load(item_list& items) override;
+  // Stores the arguments again in the first item when it is a user_item (an unload dropped
+  // them), then loads every item.
+  void load(item_list& items) override;
   void unload(item_list& items) override;
-  bool save(item_list& items) override;
+  void save(item_list& items) override;
   module_config_dispatch* clone() const override;
 
  private:
+  void store_arguments(user_item& item) const;
+
   generic::varg_list m_arguments;
   const char* const* m_envp;
 };

@@ -17,14 +17,14 @@ void std_config_dispatch::setup(item_list& items) {
   append(items, new enviroment_item(m_envp));
 }
 
-bool std_config_dispatch::load(item_list& items) {
-  return load_each(items);
+void std_config_dispatch::load(item_list& items) {
+  load_each(items);
 }
 void std_config_dispatch::unload(item_list& items) {
   unload_each(items);
 }
-bool std_config_dispatch::save(item_list& items) {
-  return save_each(items);
+void std_config_dispatch::save(item_list& items) {
+  save_each(items);
 }
 
 std_config_dispatch* std_config_dispatch::clone() const {

@@ -23,9 +23,9 @@ class MOTA_API std_config_dispatch : public config_dispatch {
 
   // Appends a commandline_item, a file_item and an enviroment_item, in that order.
   void setup(item_list& items) override;
-  bool load(item_list& items) override;
+  void load(item_list& items) override;
   void unload(item_list& items) override;
-  bool save(item_list& items) override;
+  void save(item_list& items) override;
   std_config_dispatch* clone() const override;
 
  private:

@@ -1,5 +1,5 @@
 // A configuration item without a source: it holds what the application stores in it with
-// set() and set_array(). Loading, saving and unloading leave its values alone.
+// set() and set_array(). Loading and saving leave its values alone; unload() drops them.
 //
 //   mota::config::user_item defaults;
 //   defaults.set("window.width", mota::types::variant(640u), 0);
