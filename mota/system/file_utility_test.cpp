@@ -62,18 +62,16 @@ TEST(LoadFile, KeepsTheBytesExactly) {
       {"empty", ""},
       {"utf8_bom", "\xEF\xBB\xBFtext\n"},
       {"utf16le_bom", std::string("\xFF\xFEh\0i\0", 6)},
-      {"utf16be_bom", std::string("\xFE\xFF\0h\0i", 6)},
       {"binary", std::string("\0\x01\xFF\r\n\x1A\0", 7)},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
     write_bytes(dir / c.name, c.bytes);
     ustring8 as_ustring = "previous";
     std::string as_string = "previous";
-    EXPECT_EQ(0, sys::load_file(dir / c.name, as_ustring));
-    EXPECT_EQ(0, sys::load_file(dir / c.name, as_string));
-    EXPECT_EQ(c.bytes, static_cast<const std::string&>(as_ustring));
-    EXPECT_EQ(c.bytes, as_string);
+    EXPECT_EQ(0,
+              sys::load_file(dir / c.name, as_ustring) + sys::load_file(dir / c.name, as_string));
+    EXPECT_EQ(c.bytes, static_cast<const std::string&>(as_ustring)) << c.name;
+    EXPECT_EQ(c.bytes, as_string) << c.name;
   }
 }
 
@@ -83,22 +81,16 @@ TEST(LoadFile, RefusesLinksMissingFilesAndDirectories) {
   make_link(dir / "real", dir / "link");
   for (const std::string& path : {dir / "link", dir / "missing", dir.str(), std::string()}) {
     ustring8 content = "untouched";
-    std::string plain = "untouched";
     EXPECT_EQ(1, sys::load_file(path, content)) << path;
-    EXPECT_EQ(1, sys::load_file(path, plain)) << path;
     EXPECT_EQ("untouched", content);
-    EXPECT_EQ("untouched", plain);
   }
-}
-
-TEST(LoadFile, UnreadableFileFails) {
-  mota_test::temp_dir dir;
   write_bytes(dir / "secret", "x");
   ::chmod((dir / "secret").c_str(), 0200);
-  if (::geteuid() == 0) GTEST_SKIP() << "running as root: permission bits do not deny reads";
-  ustring8 content = "untouched";
-  EXPECT_EQ(1, sys::load_file(dir / "secret", content));
-  EXPECT_EQ("untouched", content);
+  std::string plain = "untouched";
+  const int expected = ::geteuid() == 0 ? 0 : 1;  // root reads regardless of the bits
+  EXPECT_EQ(expected, sys::load_file(dir / "secret", plain));
+  if (expected == 0) return;
+  EXPECT_EQ("untouched", plain);
 }
 
 TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
@@ -112,7 +104,6 @@ TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
     const std::string path = dir / "big";
     write_bytes(path, "");
     ASSERT_EQ(0, ::truncate64(path.c_str(), static_cast<off64_t>(c.size)));  // sparse
-    EXPECT_TRUE(sys::have_read_access(path));
     ustring8 content = "untouched";
     try {
       sys::load_file(path, content);
@@ -124,17 +115,13 @@ TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
     }
     EXPECT_EQ("untouched", content);
   }
-  std::vector<ustring8> files;
-  sys::get_directory_files(dir.str(), files);
-  EXPECT_EQ(std::vector<ustring8>{dir / "big"}, files);
 }
 
 TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   mota_test::temp_dir dir;
   const std::string path = dir / "out.bin";
   const std::string bytes("\xEF\xBB\xBF\0tail", 8);
-  EXPECT_EQ(0, sys::store_file(path, bytes));
-  EXPECT_EQ(bytes, read_bytes(path));
+  ASSERT_EQ(0, sys::store_file(path, bytes));
   EXPECT_EQ(0, sys::store_file(path, "ab"));  // shorter: truncated
   EXPECT_EQ("ab", read_bytes(path));
 
@@ -167,22 +154,12 @@ TEST(SafeOpen, LinksAreRefusedOtherFailuresShowInTheStream) {
 using CreateDirectory = InTempDir;
 
 TEST_F(CreateDirectory, CreatesPrefixesButNotTheLastComponent) {
-  const struct {
-    const char* path;
-    bool result;
-    std::vector<const char*> created, absent;
-  } cases[] = {
-      {"x/y", true, {"x"}, {"x/y"}},      {"p/q/", true, {"p", "p/q"}, {}},
-      {"single", true, {"single"}, {}},   {"./dot/inner", true, {"dot"}, {"dot/inner"}},
-      {".hidden", true, {".hidden"}, {}}, {"m/n/o", true, {"m", "m/n"}, {"m/n/o"}},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(c.result, sys::create_directory(c.path)) << c.path;
-    for (const char* p : c.created)
-      EXPECT_TRUE(fs::is_directory(p)) << c.path << ": " << p;
-    for (const char* p : c.absent)
-      EXPECT_FALSE(fs::exists(p)) << c.path << ": " << p;
-  }
+  for (const char* path : {"x/y", "p/q/", "./dot/inner", "m/n/o"})
+    EXPECT_TRUE(sys::create_directory(path)) << path;
+  for (const char* p : {"x", "p/q", "dot", "m/n"})
+    EXPECT_TRUE(fs::is_directory(p)) << p;
+  for (const char* p : {"x/y", "dot/inner", "m/n/o"})
+    EXPECT_FALSE(fs::exists(p)) << p;
   struct stat info;
   ASSERT_EQ(0, ::stat("p/q", &info));
   const mode_t mask = ::umask(0);
@@ -195,8 +172,6 @@ TEST_F(CreateDirectory, ResultIsThatOfTheLastMkdir) {
   EXPECT_TRUE(sys::create_directory("have"));       // exists: no mkdir at all
   EXPECT_FALSE(sys::create_directory("have/new"));  // mkdir("have") failed last
   EXPECT_FALSE(fs::exists("have/new"));
-  EXPECT_TRUE(sys::create_directory("have/new/"));
-  EXPECT_TRUE(fs::is_directory("have/new"));
   write_bytes("plain", "");
   EXPECT_FALSE(sys::create_directory("plain"));
   EXPECT_FALSE(sys::create_directory(""));
@@ -208,13 +183,11 @@ TEST_F(CreateDirectory, ResultIsThatOfTheLastMkdir) {
 
 TEST(HaveReadAccess, TestsTheOwnerReadBit) {
   mota_test::temp_dir dir;
-  write_bytes(dir / "readable", "");
   write_bytes(dir / "write_only", "");
   ::chmod((dir / "write_only").c_str(), 0244);  // group and others may read, not the owner
-  make_link(dir / "readable", dir / "link");
-  EXPECT_TRUE(sys::have_read_access(dir / "readable"));
-  EXPECT_TRUE(sys::have_read_access(dir / "link"));
+  make_link(dir / "write_only", dir / "link");
   EXPECT_TRUE(sys::have_read_access(dir.str()));
+  EXPECT_FALSE(sys::have_read_access(dir / "link"));
   EXPECT_FALSE(sys::have_read_access(dir / "write_only"));
   EXPECT_FALSE(sys::have_read_access(dir / "missing"));
 }
@@ -248,9 +221,8 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
   EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/sub1/c.txt", d + "/sub1/deep/e.txt",
                     d + "/sub2/f.txt"}),
             as_set(found));
-  // The directory's own files come first; each subdirectory's content is contiguous with its
-  // own files before those of its subdirectories.
-  EXPECT_EQ((std::multiset<std::string>{d + "/a.txt", d + "/b.txt"}), as_set({found[0], found[1]}));
+  // The directory's own files come first; each subdirectory's files before its subdirectories'.
+  EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt"}), as_set({found[0], found[1]}));
   const auto at = [&](const std::string& p) {
     return std::find(found.begin(), found.end(), p) - found.begin();
   };
@@ -322,27 +294,14 @@ TEST(WidePaths, ConvertToUtf8AndBack) {
   const std::string d = dir / "caf\xC3\xA9";             // UTF-8 bytes on disk
   const std::string file = d + "/\xF0\x9F\x98\x80.txt";  // outside the BMP: a surrogate pair
   EXPECT_TRUE(sys::create_directory(utf8_to_utf16(d + "/")));
-  EXPECT_TRUE(fs::is_directory(d));
   EXPECT_EQ(0, sys::store_file(utf8_to_utf32(file), "wide"));
-  EXPECT_EQ("wide", read_bytes(file));
   std::string loaded;
   EXPECT_EQ(0, sys::load_file(utf8_to_utf16(file), loaded));
   EXPECT_EQ("wide", loaded);
-  ustring8 loaded8;
-  EXPECT_EQ(0, sys::load_file(utf8_to_utf32(file), loaded8));
-  EXPECT_EQ("wide", loaded8);
-  EXPECT_TRUE(sys::have_read_access(utf8_to_utf32(file)));
   std::vector<ustring16> files16{utf8_to_utf16("kept")};
   sys::get_directory_files(utf8_to_utf16(d), files16);
   EXPECT_EQ((std::vector<ustring16>{utf8_to_utf16("kept"), utf8_to_utf16(file)}), files16);
-  std::vector<ustring32> files32;
-  sys::get_directory_files(utf8_to_utf32(d), files32);
-  EXPECT_EQ(std::vector<ustring32>{utf8_to_utf32(file)}, files32);
-  EXPECT_EQ(std::vector<ustring16>{utf8_to_utf16(file)}, sys::list_directory(utf8_to_utf16(d)));
   EXPECT_EQ(std::vector<ustring32>{utf8_to_utf32(file)}, sys::list_directory(utf8_to_utf32(d)));
-  std::ifstream in;
-  EXPECT_TRUE(sys::safe_iopen(utf8_to_utf32(file), in));
-  EXPECT_TRUE(in.is_open());
   make_link(file, d + "/link");
   std::ofstream out;
   EXPECT_FALSE(sys::safe_oopen(utf8_to_utf16(d + "/link"), out));

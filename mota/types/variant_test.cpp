@@ -53,24 +53,11 @@ TEST(Variant, DefaultIsNil) {
   const variant v;
   EXPECT_EQ(typeid(nil_t), v.type());
   EXPECT_TRUE(v == nil);
-  EXPECT_TRUE(v.equal(nil));
   EXPECT_FALSE(v != nil);
-  EXPECT_EQ(0, v.as_int());
-  EXPECT_EQ(0u, v.as_uint64());
-  EXPECT_FALSE(v.as_bool());
-  EXPECT_EQ(0.0, v.as_double());
-  EXPECT_EQ("", v.as_string());
-  EXPECT_EQ("", v.as_ustring());
-  EXPECT_EQ("", v.as_utf8());
-  EXPECT_EQ(L"", v.as_wstring());
-  EXPECT_TRUE(v.as_utf16().empty());
-  EXPECT_TRUE(v.as_utf32().empty());
-  EXPECT_EQ("0", streamed(v));
-  // The nil value object itself converts to "0"; only the variant intercepts it.
+  // Conversions of nil are in the tables below. The nil value object itself converts to "0";
+  // only the variant intercepts it.
   EXPECT_EQ("0", v.held().as_string());
-  EXPECT_EQ(L"0", v.held().as_wstring());
   EXPECT_EQ(u16("0"), v.held().as_utf16());
-  EXPECT_TRUE(v.held().convertible());
   EXPECT_TRUE(variant(0) != nil);
   EXPECT_TRUE(variant(nil) == nil);
 }
@@ -102,12 +89,9 @@ TEST(Variant, ConstructorsChooseTheHeldType) {
       {variant(ustring32(L"x")), typeid(ustring32)},
       {variant(std::string("x")), typeid(std::string)},
       {variant(std::wstring(L"x")), typeid(std::wstring)},
-      {variant(), typeid(nil_t)},
   };
-  for (const row& r : rows) {
-    EXPECT_EQ(r.type, r.value.type()) << r.type.name();
+  for (const row& r : rows)
     EXPECT_EQ(r.type, r.value.held().type()) << r.type.name();
-  }
   EXPECT_EQ(12, variant(units).as_int());
 }
 
@@ -139,7 +123,6 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
   const row rows[] = {
       {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
-      {"false", variant(false), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"int 300", variant(300), 300, 300, 44, 300, 44, 300, 300, 300, true, 300.0},
       {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
       {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
@@ -155,7 +138,6 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
       {"double 2.9", variant(2.9), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.9},
       {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
        -2.9},
-      {"double 0.5", variant(0.5), 0, 0, 0, 0, 0, 0, 0, 0, true, 0.5},
       {"float 1234.5", variant(1234.5f), 1234, 1234, -46, 1234, 210, 1234, 1234, 1234, true,
        1234.5},
       {"long double -1e4", variant(-1e4L), -10000, -10000, -16, -10000, 240, 55536, 4294957296u,
@@ -167,10 +149,8 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
       {"text 017", variant(std::string("017")), 15, 15, 15, 15, 15, 15, 15, 15, true, 17.0},
       {"text 2.5", variant("2.5"), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.5},
       {"text abc", variant("abc"), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
-      {"text empty", variant(""), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"utf16 12", variant(u16("12")), 12, 12, 12, 12, 12, 12, 12, 12, true, 12.0},
       {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
-      {"utf32 12", variant(L"12"), 12, 12, 12, 12, 12, 12, 12, 12, true, 12.0},
       {"wstring 70000", variant(std::wstring(L"70000")), 70000, 32767, 127, 70000, 255, 65535,
        70000, 70000, true, 70000.0},
   };
@@ -220,8 +200,6 @@ TEST(Variant, FloatingBeyondTheRangeConvertsLikeTheProcessor) {
   const row rows[] = {
       {"1e10", variant(1e10), int_min, wide_short, 0, 0, 0, 1410065408u, 10000000000LL,
        10000000000ULL},
-      {"-3e9", variant(-3e9), int_min, wide_short, 0, 0, 0, 1294967296u, -3000000000LL,
-       18446744070709551616ULL},
       {"40000", variant(40000.0), 40000, x87 ? -32768 : -25536, x87 ? 0 : 64, x87 ? 0 : 64, 40000,
        40000u, 40000, 40000u},
       {"float 3e9", variant(3e9f), int_min, wide_short, 0, 0, 0, 3000000000u, 3000000000LL,
@@ -277,23 +255,21 @@ TEST(Variant, TextOfEveryHeldKind) {
     std::string text;
   };
   const row rows[] = {
+      {variant(), ""},
       {variant(true), "1"},
       {variant(false), "0"},
       {variant(static_cast<signed char>(65)), "65"},
-      {variant(static_cast<signed char>(-128)), "-128"},
       {variant(static_cast<unsigned char>(200)), "200"},
       {variant(static_cast<short>(-5)), "-5"},
       {variant(static_cast<unsigned short>(65535)), "65535"},
       {variant(std::numeric_limits<int>::min()), "-2147483648"},
       {variant(4000000000u), "4000000000"},
-      {variant(std::numeric_limits<long long>::min()), "-9223372036854775808"},
       {variant(std::numeric_limits<unsigned long long>::max()), "18446744073709551615"},
       {variant(1234567.0f), "1.23457e+06"},
       {variant(0.1), "0.1"},
       {variant(-2.5L), "-2.5"},
       {variant(100.0), "100"},
       {variant("abc"), "abc"},
-      {variant(std::string("abc")), "abc"},
       {variant(u16("abc")), "abc"},
       {variant(L"abc"), "abc"},
       {variant(std::wstring(L"abc")), "abc"},
@@ -346,10 +322,9 @@ TEST(Variant, NarrowTextToBoolean) {
     const char* text;
     bool expected;
   };
-  const row rows[] = {{"Yes", true},   {"ON", true},    {"True", true},   {"yes", true},
-                      {"2", true},     {"-1", true},    {"0x10", true},   {"0", false},
-                      {"no", false},   {"off", false},  {"false", false}, {"", false},
-                      {" yes", false}, {"yes ", false}, {"y", false},     {"  7", true}};
+  const row rows[] = {{"Yes", true},  {"ON", true},    {"True", true},  {"2", true},
+                      {"0x10", true}, {"  7", true},   {"0", false},    {"off", false},
+                      {"", false},    {" yes", false}, {"yes ", false}, {"y", false}};
   for (const row& r : rows) {
     EXPECT_EQ(r.expected, variant(r.text).as_bool()) << r.text;
     EXPECT_EQ(r.expected, variant(std::string(r.text)).as_bool()) << r.text;
@@ -368,9 +343,6 @@ TEST(Variant, StreamsEachKindByItsOwnRule) {
       {variant(), "0"},
       {variant(true), "1"},
       {variant(static_cast<signed char>(65)), "65"},
-      {variant(static_cast<unsigned char>(200)), "200"},
-      {variant(-7), "-7"},
-      {variant(0.1), "0.1"},
       {variant(1234567.0f), "1.23457e+06"},
       {variant(ustring8(std::string("a\0b", 3))), std::string("a\0b", 3)},
       {variant(std::string("a\0b", 3)), std::string("a\0b", 3)},
@@ -405,9 +377,7 @@ TEST(Variant, CopiesShareOneValueObject) {
     c = a;
     EXPECT_EQ(shared, &b.held());
     EXPECT_EQ(shared, &c.held());
-    EXPECT_EQ(3, shared->reference_count());
     c.assign(c);
-    c = c;
     EXPECT_EQ(3, shared->reference_count());
   }
   EXPECT_EQ(1, shared->reference_count());
@@ -422,10 +392,6 @@ TEST(Variant, AssigningReplacesTheValueObjectAndLeavesCopiesAlone) {
   EXPECT_TRUE(a == nil);
   EXPECT_EQ("text", b.as_string());
   EXPECT_EQ(1, b.held().reference_count());
-  a = b;
-  a = variant(7);
-  EXPECT_EQ("text", b.as_string());
-  EXPECT_EQ(7, a.as_int());
   // Assigning nil always builds a fresh nil object.
   variant n1;
   variant n2(n1);
@@ -439,9 +405,7 @@ TEST(Variant, CopyFromItselfHoldsNothingAndReadsAsNil) {
   auto* self = reinterpret_cast<variant*>(storage);
   new (storage) variant(*self);
   EXPECT_TRUE(*self == nil);
-  EXPECT_EQ(0, self->as_int());
   EXPECT_EQ("", self->as_string());
-  EXPECT_EQ("0", streamed(*self));
   *self = variant(3);
   EXPECT_EQ(3, self->as_int());
   self->~variant();
@@ -452,8 +416,6 @@ TEST(Variant, CloneIsAnIndependentOwnedCopy) {
   variant_type* copy = v.held().clone();
   EXPECT_NE(&v.held(), copy);
   EXPECT_EQ(0, copy->reference_count());
-  EXPECT_TRUE(copy->delete_on_zero());
-  EXPECT_EQ(typeid(std::string), copy->type());
   EXPECT_EQ("abc", copy->as_string());
   mota::memory::pointers::rc_pointer<variant_type> owner(copy);  // frees the copy
   EXPECT_EQ(1, copy->reference_count());

@@ -14,12 +14,9 @@ struct civil {
   unsigned day, month, year;
 
   static bool leap(unsigned y) { return y % 4 == 0 && (y % 100 != 0 || y % 400 == 0); }
-  unsigned length() const {
-    static const unsigned lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && leap(year) ? 29 : lengths[month - 1];
-  }
   void next() {
-    if (++day > length()) {
+    static const unsigned lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (++day > (month == 2 && leap(year) ? 29 : lengths[month - 1])) {
       day = 1;
       if (++month > 12) {
         month = 1;
@@ -46,52 +43,39 @@ TEST(Date, DayNumbersOfKnownDates) {
   EXPECT_EQ(1u, dt::date(1, 3, 0).pJulian_day_number());
 }
 
-TEST(Date, DayNumbersAreConsecutiveAndRoundTripExceptTheLeapDay) {
-  civil c{1, 1, 1896};
-  std::uint32_t previous = dt::date(c.day, c.month, c.year).pJulian_day_number();
-  c.next();
-  for (int i = 0; i < 60000; ++i, c.next()) {  // past 2000 and 2100
-    const dt::date d(c.day, c.month, c.year);
-    const std::uint32_t n = d.pJulian_day_number();
-    ASSERT_EQ(previous + 1, n) << c.day << "." << c.month << "." << c.year;
-    previous = n;
-    dt::date back;
-    back.pJulian_day_number(n);
-    civil expected = c;
-    if (c.is_leap_day()) expected.next();  // comes back as 1 March, by design
-    ASSERT_TRUE(same(expected, back));
-  }
-}
-
-TEST(Date, StepwiseAdditionSkipsOnlyTheLeapDay) {
-  civil c{1, 1, 1995};
-  dt::date d(1, 1, 1995);
-  int leap_days_skipped = 0;
-  for (int i = 0; i < 4000; ++i) {
-    d += dt::date_duration(1);
-    c.next();
-    if (c.is_leap_day()) {
+// Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
+TEST(Date, WalksAreConsecutiveAndSkipOnlyTheLeapDay) {
+  for (unsigned year : {1899u, 1999u, 2099u}) {
+    civil c{1, 1, year}, stepped = c;
+    dt::date d(1, 1, year);
+    std::uint32_t previous = d.pJulian_day_number();
+    for (int i = 0; i < 1900; ++i) {
       c.next();
-      ++leap_days_skipped;
+      const std::uint32_t n = dt::date(c.day, c.month, c.year).pJulian_day_number();
+      ASSERT_EQ(previous + 1, n) << c.day << "." << c.month << "." << c.year;
+      previous = n;
+      dt::date back;
+      back.pJulian_day_number(n);
+      civil expected = c;
+      if (c.is_leap_day()) expected.next();  // comes back as 1 March, by design
+      ASSERT_TRUE(same(expected, back));
+      d += dt::date_duration(1);
+      stepped.next();
+      if (stepped.is_leap_day()) stepped.next();
+      ASSERT_TRUE(same(stepped, d)) << "step " << i;
     }
-    ASSERT_TRUE(same(c, d)) << "step " << i;
   }
-  EXPECT_EQ(3, leap_days_skipped);  // 1996, 2000 and 2004
 }
 
 TEST(Date, AdditionAroundTheLeapDay) {
   struct {
     int days;
     unsigned day, month;
-  } const cases[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {-1, 27, 2}, {0, 28, 2}};
+  } const cases[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {-1, 27, 2}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.days);
-    const dt::date start(28, 2, 2024);
-    dt::date d = start;
+    dt::date d(28, 2, 2024);
     d += c.days;
-    EXPECT_EQ(c.day, d.day());
-    EXPECT_EQ(c.month, d.month());
-    EXPECT_EQ(2024u, d.year());
+    EXPECT_TRUE(same(civil{c.day, c.month, 2024}, d)) << c.days;
   }
   // Going back one day from 1 March of a leap year lands on the leap day, which reads as
   // 1 March again.
@@ -100,10 +84,6 @@ TEST(Date, AdditionAroundTheLeapDay) {
   EXPECT_TRUE(same(civil{1, 3, 2024}, d));
   d -= 2;
   EXPECT_TRUE(same(civil{28, 2, 2024}, d));
-  // A non-leap year has no such day.
-  d = dt::date(1, 3, 2023);
-  d -= 1;
-  EXPECT_TRUE(same(civil{28, 2, 2023}, d));
 }
 
 TEST(Date, SubtractionBelowDayOneThrows) {
@@ -131,10 +111,9 @@ TEST(Date, EffectiveDayIsClippedToTheMonth) {
     unsigned day, month, year, effective;
     bool constrained;
   } const cases[] = {
-      {31, 4, 2023, 30, true},   {30, 4, 2023, 30, false}, {31, 1, 2023, 31, false},
-      {31, 12, 2023, 31, false}, {29, 2, 2023, 28, true},  {29, 2, 2024, 29, false},
-      {31, 2, 2024, 29, true},   {30, 2, 1900, 28, true},  {29, 2, 2000, 29, false},
-      {31, 9, 2023, 30, true},   {31, 11, 2023, 30, true},
+      {31, 4, 2023, 30, true}, {30, 4, 2023, 30, false}, {31, 12, 2023, 31, false},
+      {29, 2, 2023, 28, true}, {29, 2, 2024, 29, false}, {31, 2, 2024, 29, true},
+      {30, 2, 1900, 28, true}, {29, 2, 2000, 29, false},
   };
   for (const auto& c : cases) {
     const dt::date d(c.day, c.month, c.year);
@@ -142,16 +121,13 @@ TEST(Date, EffectiveDayIsClippedToTheMonth) {
     EXPECT_EQ(c.effective, d.get_days());
     EXPECT_EQ(c.constrained, d.is_day_constrained()) << c.day << "." << c.month;
   }
-  const dt::date invalid;
-  EXPECT_EQ(0u, invalid.day());
-  EXPECT_FALSE(invalid.is_day_constrained());
+  EXPECT_EQ(0u, dt::date().day());
+  EXPECT_FALSE(dt::date().is_day_constrained());
 }
 
 TEST(Date, LeapYears) {
-  for (unsigned y : {2000u, 2024u, 1996u, 2400u, 0u})
-    EXPECT_TRUE(dt::date(1, 1, y).is_leap_year());
-  for (unsigned y : {1900u, 2023u, 2100u, 1u})
-    EXPECT_FALSE(dt::date(1, 1, y).is_leap_year());
+  for (unsigned y : {2000u, 2024u, 2400u, 0u, 1900u, 2023u, 2100u, 1u})
+    EXPECT_EQ(y % 4 == 0 && y != 1900 && y != 2100, dt::date(1, 1, y).is_leap_year()) << y;
 }
 
 TEST(Date, SettersCheckTheirRange) {
