@@ -60,13 +60,17 @@ struct parse_case {
   const char* log;
 };
 
-void check(const parse_case& c, const std::string& input) {
-  SCOPED_TRACE("input: " + input);
-  const outcome o = run(input);
-  EXPECT_EQ(c.type, o.type);
-  EXPECT_EQ(c.line, o.line);
-  EXPECT_EQ(std::string(c.text), o.text);
-  EXPECT_EQ(std::string(c.log), o.log);
+// Parses each case's input after `prefix`; compares the result and the events delivered.
+template <std::size_t N>
+void check(const parse_case (&cases)[N], const std::string& prefix = "<?xml?>") {
+  for (const parse_case& c : cases) {
+    SCOPED_TRACE("input: " + prefix + c.input);
+    const outcome o = run(prefix + c.input);
+    EXPECT_EQ(c.type, o.type);
+    EXPECT_EQ(c.line, o.line);
+    EXPECT_EQ(std::string(c.text), o.text);
+    EXPECT_EQ(std::string(c.log), o.log);
+  }
 }
 
 }  // namespace
@@ -81,83 +85,54 @@ TEST(XmlParser, HeaderRules) {
       {"", error::invalid_header, 0, "", ""},
       {"<?XML?><a/>", error::invalid_header, 0, "", ""},
       {"<?xml", error::no_root_element, 0, "", ""},
-      {"<?xml version='1.0'?", error::no_root_element, 0, "", ""},
       {"<?xml <a/>", error::invalid_header, 0, "", ""},
       {"<?xml \n\n> ?>", error::invalid_header, 0, "", ""},
-      {"<?xml version='1.0'?>", error::no_root_element, 0, "", ""},
       {"<?xml version='1.0'?> \n\t\n", error::no_root_element, 2, "", ""},
       {"<?xml version='1.0'?><!-- c -->", error::no_error, 0, "", "M: c \n"},
       {"<?xml?>just text", error::no_error, 0, "", "C:just text\n"},
       {"<?xml encoding='x' ? ?><a/>", error::no_error, 0, "", "S:a\nE:a\n"},
   };
-  for (const auto& c : cases)
-    check(c, c.input);
+  check(cases, "");
 }
 
-TEST(XmlParser, StructureErrors) {
+TEST(XmlParser, TagsNamesAndAttributes) {
   const parse_case cases[] = {
-      {"<?xml?><a x='1' x='2'/>", error::attribute_redefined, 0, "x", "S:a\nA:x=1\n"},
-      {"<?xml?><a></b>", error::mismatched_end_element, 0, "b", "S:a\n"},
-      {"<?xml?><a/><b/>", error::data_after_root, 0, "", "S:a\nE:a\n"},
-      {"<?xml?><a/>\n<b/>", error::data_after_root, 1, "", "S:a\nE:a\nW:\n\n"},
-      {"<?xml?><a></a/>", error::mismatched_end_element, 0, "", "S:a\nE:a\n"},
-      {"<?xml?><a><b></b/></a>", error::no_error, 0, "", "S:a\nS:b\nE:b\nE:a\nE:a\n"},
-      {"<?xml?></x>", error::no_error, 0, "", "E:x\n"},
-      {"<?xml?><a></a x='1' >", error::no_error, 0, "", "S:a\nE:a\nA:x=1\n"},
-      {"<?xml?><a></a", error::unexpected_eof, 0, "", "S:a\n"},
-      {"<?xml?>\n<a>\n</a", error::unexpected_eof, 2, "", "S:a\nW:\n\n"},
-      {"<?xml?><a>\n\n", error::unexpected_eof, 0, "", "S:a\nW:\n\n\n"},
-      {"<?xml?><a>>", error::unexpected_character, 0, ">", "S:a\n"},
-      {"<?xml?><a <b/>", error::unexpected_character, 0, "<", "S:a\n"},
-      {"<?xml?><a/x>", error::unexpected_character, 0, "x", "S:a\n"},
-      {"<?xml?><a/", error::unexpected_character, 0, "", "S:a\n"},
-      {"<?xml?><", error::unexpected_character, 0, "", ""},
-      {"<?xml?><a></", error::unexpected_character, 0, "", "S:a\n"},
-      {"<?xml?><!DOCTYPE a>", error::unexpected_character, 0, "!", ""},
-      {"<?xml?><?pi?><a/>", error::unexpected_character, 0, "?", ""},
-      {"<?xml?><![CDATA[x]]>", error::no_error, 0, "", "C:x\n"},
+      {"<a x='1' x='2'/>", error::attribute_redefined, 0, "x", "S:a\nA:x=1\n"},
+      {"<a></b>", error::mismatched_end_element, 0, "b", "S:a\n"},
+      {"<a/><b/>", error::data_after_root, 0, "", "S:a\nE:a\n"},
+      {"<a></a/>", error::mismatched_end_element, 0, "", "S:a\nE:a\n"},
+      {"<a><b></b/></a>", error::no_error, 0, "", "S:a\nS:b\nE:b\nE:a\nE:a\n"},
+      {"</x>", error::no_error, 0, "", "E:x\n"},
+      {"<a></a x='1' >", error::no_error, 0, "", "S:a\nE:a\nA:x=1\n"},
+      {"\n<a>\n</a", error::unexpected_eof, 2, "", "S:a\nW:\n\n"},
+      {"<a>\n\n", error::unexpected_eof, 0, "", "S:a\nW:\n\n\n"},
+      {"<a>>", error::unexpected_character, 0, ">", "S:a\n"},
+      {"<a <b/>", error::unexpected_character, 0, "<", "S:a\n"},
+      {"<a/x>", error::unexpected_character, 0, "x", "S:a\n"},
+      {"<a/", error::unexpected_character, 0, "", "S:a\n"},
+      {"<", error::unexpected_character, 0, "", ""},
+      {"<!DOCTYPE a>", error::unexpected_character, 0, "!", ""},
+      {"<?pi?><a/>", error::unexpected_character, 0, "?", ""},
+      {"<x-y/>", error::unexpected_character, 0, "-", "S:x\n"},
+      {"<ns:tag/>", error::unexpected_character, 0, ":", "S:ns\n"},
+      {"<_a/>", error::unexpected_character, 0, "_", ""},
+      {"<\xC3\xA9/>", error::unexpected_character, 0, "\xC3", ""},
+      {"<a_1B9/>", error::no_error, 0, "", "S:a_1B9\nE:a_1B9\n"},
+      {"<a x=\"'\" y='\"'/>", error::no_error, 0, "", "S:a\nA:x='\nA:y=\"\nE:a\n"},
+      {"<a x \n=\n '1'\n/>", error::no_error, 0, "", "S:a\nA:x=1\nE:a\n"},
+      {"<a x='a\n\tb  c'/>", error::no_error, 0, "", "S:a\nA:x=a\n\tb  c\nE:a\n"},
+      {"<a x='&lt;&amp;&#65;'/>", error::no_error, 0, "", "S:a\nA:x=<&A\nE:a\n"},
+      {"<a x\n\n'1'>", error::missing_equals, 2, "x", "S:a\n"},
+      {"<a x", error::missing_equals, 0, "x", "S:a\n"},
+      {"<a x=1>", error::missing_quote, 0, "", "S:a\n"},
+      {"<a x=", error::missing_quote, 0, "", "S:a\n"},
+      {"<a x='1\">", error::missing_quote, 0, "x", "S:a\nA:x=1\">\n"},
+      {"<a x='<'/>", error::unexpected_character, 0, "<", "S:a\n"},
   };
-  for (const auto& c : cases)
-    check(c, c.input);
+  check(cases);
 }
 
-TEST(XmlParser, Names) {
-  const parse_case cases[] = {
-      {"<?xml?><x-y/>", error::unexpected_character, 0, "-", "S:x\n"},
-      {"<?xml?><ns:tag/>", error::unexpected_character, 0, ":", "S:ns\n"},
-      {"<?xml?><1a/>", error::unexpected_character, 0, "1", ""},
-      {"<?xml?><_a/>", error::unexpected_character, 0, "_", ""},
-      {"<?xml?><\xC3\xA9/>", error::unexpected_character, 0, "\xC3", ""},
-      {"<?xml?><a_1B9/>", error::no_error, 0, "", "S:a_1B9\nE:a_1B9\n"},
-      {"<?xml?><a -x='1'/>", error::unexpected_character, 0, "-", "S:a\n"},
-  };
-  for (const auto& c : cases)
-    check(c, c.input);
-}
-
-TEST(XmlParser, Attributes) {
-  const parse_case cases[] = {
-      {"<?xml?><a x=\"it's\" y='say \"hi\"'/>", error::no_error, 0, "",
-       "S:a\nA:x=it's\nA:y=say \"hi\"\nE:a\n"},
-      {"<?xml?><a x \n=\n '1'\n/>", error::no_error, 0, "", "S:a\nA:x=1\nE:a\n"},
-      {"<?xml?><a x='a\n\tb  c'/>", error::no_error, 0, "", "S:a\nA:x=a\n\tb  c\nE:a\n"},
-      {"<?xml?><a x='&lt;&amp;&#65;'/>", error::no_error, 0, "", "S:a\nA:x=<&A\nE:a\n"},
-      {"<?xml?><a x>", error::missing_equals, 0, "x", "S:a\n"},
-      {"<?xml?><a x\n\n'1'>", error::missing_equals, 2, "x", "S:a\n"},
-      {"<?xml?><a x", error::missing_equals, 0, "x", "S:a\n"},
-      {"<?xml?><a x=1>", error::missing_quote, 0, "", "S:a\n"},
-      {"<?xml?><a x=", error::missing_quote, 0, "", "S:a\n"},
-      {"<?xml?><a x='1\">", error::missing_quote, 0, "x", "S:a\nA:x=1\">\n"},
-      {"<?xml?><a x='<'/>", error::unexpected_character, 0, "<", "S:a\n"},
-      {"<?xml?><a x='&bad;'/>", error::unknown_entity, 0, "", "S:a\n"},
-      {"<?xml?><a\nx='1'\ny='2'\nx='3'/>", error::attribute_redefined, 3, "x",
-       "S:a\nA:x=1\nA:y=2\n"},
-  };
-  for (const auto& c : cases)
-    check(c, c.input);
-}
-
-TEST(XmlParser, EntitiesInText) {
+TEST(XmlParser, TextEntitiesAndWhiteSpace) {
   const parse_case cases[] = {
       {"<a>x&nbsp;y</a>", error::no_error, 0, "", "S:a\nC:x y\nE:a\n"},
       {"<a>&#65;</a>", error::no_error, 0, "", "S:a\nC:A\nE:a\n"},
@@ -167,27 +142,16 @@ TEST(XmlParser, EntitiesInText) {
       {"<a>&#065;</a>", error::no_error, 0, "", "S:a\nC:5\nE:a\n"},
       {"<a>&zz;</a>", error::unknown_entity, 0, "", "S:a\n"},
       {"<a>&ampx;</a>", error::unexpected_character, 0, "x", "S:a\n"},
-      {"<a>&ax;</a>", error::unexpected_character, 0, "x", "S:a\n"},
       {"<a>&apo;</a>", error::unexpected_character, 0, ";", "S:a\n"},
       {"<a>&gt</a>", error::unexpected_character, 0, "<", "S:a\n"},
-      {"<a>&nbsq;</a>", error::unexpected_character, 0, "q", "S:a\n"},
       {"<a>&#X41;</a>", error::unexpected_character, 0, "X", "S:a\n"},
       {"<a>&#4a;</a>", error::unexpected_character, 0, "a", "S:a\n"},
       {"<a>&#65", error::unexpected_character, 0, "", "S:a\n"},
       {"<a>&", error::unexpected_character, 0, "", "S:a\n"},
-      {"<a>\n&zz;</a>", error::unknown_entity, 1, "", "S:a\nW:\n\n"},
-  };
-  for (const auto& c : cases)
-    check(c, std::string("<?xml?>") + c.input);
-}
-
-TEST(XmlParser, CharacterDataAndWhiteSpace) {
-  const parse_case cases[] = {
       {"<a>one two</a>", error::no_error, 0, "", "S:a\nC:one two\nE:a\n"},
       {"<a>one  two</a>", error::no_error, 0, "", "S:a\nC:one\nW:  \nC:two\nE:a\n"},
       {"<a>one\ntwo\tthree</a>", error::no_error, 0, "", "S:a\nC:one\ntwo\tthree\nE:a\n"},
       {"<a> x </a>", error::no_error, 0, "", "S:a\nW: \nC:x \nE:a\n"},
-      {"<a>x\r\n</a>", error::no_error, 0, "", "S:a\nC:x\nW:\r\n\nE:a\n"},
       {"<a><![CDATA[<b>&amp; ]] ]]]></a>", error::no_error, 0, "", "S:a\nC:<b>&amp; ]] ]\nE:a\n"},
       {"<a><![CDATA[x]]</a>", error::unexpected_eof, 0, "", "S:a\n"},
       {"<a><!-- a -- b --></a>", error::no_error, 0, "", "S:a\nM: a -- b \nE:a\n"},
@@ -196,10 +160,8 @@ TEST(XmlParser, CharacterDataAndWhiteSpace) {
       {"<a>x > y</a>", error::no_error, 0, "", "S:a\nC:x > y\nE:a\n"},
       {"<a>x  > y</a>", error::unexpected_character, 0, ">", "S:a\nC:x\nW:  \n"},
       {"<a/>trailing", error::no_error, 0, "", "S:a\nE:a\nC:trailing\n"},
-      {"<a/> t", error::no_error, 0, "", "S:a\nE:a\nW: \nC:t\n"},
   };
-  for (const auto& c : cases)
-    check(c, std::string("<?xml?>") + c.input);
+  check(cases);
 }
 
 TEST(XmlParser, LineCountsOnlyWhiteSpaceBetweenMarkup) {
@@ -209,13 +171,11 @@ TEST(XmlParser, LineCountsOnlyWhiteSpaceBetweenMarkup) {
   EXPECT_EQ(0u, run("<?xml?><a><!--\n\n--><![CDATA[\n]]></c>").line);
   EXPECT_EQ(1u, run("<?xml?><a x='\n\n'\n></c>").line);
   EXPECT_EQ(3u, run("<?xml?>\r\n<a>\r\n\t<b>\r\n</c>").line);
-  EXPECT_EQ(0u, run("<?xml?>\n<a>\n</a>\n").line);
 }
 
 TEST(XmlParser, EmptySlotsDropEvents) {
   xml_parser parser;
   EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?><a x='1'> t <!--c--></a>")).type);
-
   recorder r;
   listen(parser, r);
   parser.set_attribute_handler(nullptr);
@@ -245,24 +205,16 @@ TEST(XmlParser, InstallingClonesAndReleases) {
   std::string first, second;
   {
     xml_parser parser;
-    {
-      counted handler(&first);
-      parser.set_element_start_handler(handler);
-      EXPECT_EQ(2, counted::live);
-    }
+    parser.set_element_start_handler(counted(&first));
     EXPECT_EQ(1, counted::live);  // the parser's clone outlives the original
     parser.parse(ustring8("<?xml?><a/>"));
-    EXPECT_EQ("a", first);
-
     parser.set_element_start_handler(counted(&second));
     EXPECT_EQ(1, counted::live);  // the previous clone was released
-    parser.parse(ustring8("<?xml?><b/>"));
-    EXPECT_EQ("a", first);
-    EXPECT_EQ("b", second);
-
     xml_parser copy(parser);
     EXPECT_EQ(2, counted::live);
+    parser.parse(ustring8("<?xml?><b/>"));
     copy.parse(ustring8("<?xml?><c/>"));
+    EXPECT_EQ("a", first);
     EXPECT_EQ("bc", second);
   }
   EXPECT_EQ(0, counted::live);
@@ -282,25 +234,23 @@ TEST(XmlParser, StateCarriesOverBetweenParses) {
   xml_parser parser;
   recorder r;
   listen(parser, r);
-  EXPECT_EQ(error::unexpected_eof, parser.parse(ustring8("<?xml?><a><b>")).type);
-  // The open elements stay; the root mark and the line counter do not.
-  error e = parser.parse(ustring8("<?xml?>\n</b>"));
-  EXPECT_EQ(error::unexpected_eof, e.type);
-  e = parser.parse(ustring8("<?xml?>\n\n</c>"));
+  EXPECT_EQ(error::unexpected_eof, parser.parse(ustring8("<?xml?>\n<a><b>")).type);
+  // The open elements stay; the line counter starts again at 0.
+  const error e = parser.parse(ustring8("<?xml?>\n\n</c>"));
   EXPECT_EQ(error::mismatched_end_element, e.type);
   EXPECT_EQ(2u, e.line);
-  EXPECT_EQ("c", e.text);
-  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?></a>")).type);
+  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?></b></a>")).type);
   EXPECT_EQ("S:a\nS:b\nE:b\nE:a\n", r.log);
 }
 
-TEST(XmlParser, IteratorRangeAndPosition) {
+TEST(XmlParser, IteratorRange) {
   const std::string text = "junk<?xml?><a/>junk";
   xml_parser parser;
   recorder r;
   listen(parser, r);
   EXPECT_EQ(error::no_error, parser.parse(text.begin() + 4, text.end() - 4).type);
   EXPECT_EQ("S:a\nE:a\n", r.log);
+  EXPECT_EQ(error::invalid_header, parser.parse(text.end(), text.begin()).type);
 }
 
 namespace {
@@ -319,43 +269,26 @@ struct scanner : xml_parser {
 TEST(XmlParser, ScanningRoutinesStopOnTheirLastByte) {
   scanner s;
   const std::string text = "ab_9-x 'v&amp;w'z &#x41;. \n\t\r\nq";
-  {
-    xml_parser::iterator pos = text.begin();
-    EXPECT_EQ("ab_9", s.parse_name(pos, text.end()));
-    EXPECT_EQ(3, pos - text.begin());
-    pos = text.begin() + 7;
-    EXPECT_EQ("v&w", s.parse_attrib_value(pos, text.end()));
-    EXPECT_EQ('\'', *pos);
-    EXPECT_EQ(15, pos - text.begin());
-    pos = text.begin() + 18;
-    EXPECT_EQ("A", s.parse_character(pos, text.end()));
-    EXPECT_EQ(';', *pos);
-    pos = text.begin() + 25;
-    EXPECT_EQ(" \n\t\r\n", s.parse_whitespace(pos, text.end()));
-    EXPECT_EQ('q', *pos);
-  }
+  xml_parser::iterator pos = text.begin();
+  EXPECT_EQ("ab_9", s.parse_name(pos, text.end()));
+  EXPECT_EQ(3, pos - text.begin());
+  pos = text.begin() + 7;
+  EXPECT_EQ("v&w", s.parse_attrib_value(pos, text.end()));
+  EXPECT_EQ(15, pos - text.begin());
+  pos = text.begin() + 18;
+  EXPECT_EQ("A", s.parse_character(pos, text.end()));
+  EXPECT_EQ(';', *pos);
+  pos = text.begin() + 25;
+  EXPECT_EQ(" \n\t\r\n", s.parse_whitespace(pos, text.end()));
+  EXPECT_EQ('q', *pos);
   const std::string bytes = "\t\n\r \v\fa";
   for (std::size_t i = 0; i < bytes.size(); ++i)
     EXPECT_EQ(i < 4, s.is_white_space(bytes.begin() + static_cast<std::ptrdiff_t>(i))) << i;
-
-  const std::string empty;
-  xml_parser::iterator pos = empty.begin();
-  try {
-    s.parse_name(pos, empty.end());
-    ADD_FAILURE() << "no error at the end of the input";
-  } catch (const error& e) {
-    EXPECT_EQ(error::unexpected_character, e.type);
-    EXPECT_EQ("", e.text);
-  }
-  EXPECT_EQ(empty.end(), pos);
 }
 
-TEST(XmlParser, ParseErrorRecord) {
-  const error copy(error(error::missing_quote, 7, "x"));
-  EXPECT_EQ(6, static_cast<int>(copy.type));
-  EXPECT_EQ(7u, copy.line);
-  EXPECT_EQ("x", copy.text);
-  EXPECT_EQ(error::no_error, error().type);
+TEST(XmlParser, ErrorKindsKeepTheirNumbers) {
+  EXPECT_EQ(6, static_cast<int>(error::missing_quote));
+  EXPECT_EQ(10, static_cast<int>(error::data_after_root));
   EXPECT_EQ(4u, sizeof(error::error_type));
 }
 
@@ -363,10 +296,10 @@ TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
   const auto t0 = std::chrono::steady_clock::now();
   const std::size_t depth = (1u << 20) / 3;  // 1 MiB of nested start tags
   std::string open, close;
-  for (std::size_t i = 0; i < depth; ++i)
+  for (std::size_t i = 0; i < depth; ++i) {
     open += "<a>";
-  for (std::size_t i = 0; i < depth; ++i)
     close += "</a>";
+  }
   outcome o = run("<?xml?>" + open);
   EXPECT_EQ(error::unexpected_eof, o.type);
   EXPECT_EQ(depth * 4, o.log.size());

@@ -34,11 +34,10 @@ TEST(SerializeTextBuf, WritesDecimalItemsEachEndedByTheSeparator) {
   buf.append_string("ab");
   buf.append_int8(65);  // a number, not the letter A
   buf.append_int64(std::numeric_limits<long long>::min());
-  buf.append_uint16(65535);
   buf.append_uint64(18446744073709551615ULL);
   buf.append_buffer(serialize_text_buf(std::string("\x01")));
-  EXPECT_EQ(items({"7", "-12", "2", "ab", "65", "-9223372036854775808", "65535",
-                   "18446744073709551615", "1", "\x01"}),
+  EXPECT_EQ(items({"7", "-12", "2", "ab", "65", "-9223372036854775808", "18446744073709551615", "1",
+                   "\x01"}),
             buf.as_str());
 }
 
@@ -107,8 +106,6 @@ TEST(SerializeTextBuf, ATokenWithoutSeparatorExhaustsTheBufferUntilReset) {
   EXPECT_TRUE(buf.at_end());
   EXPECT_EQ(0, buf.read_int32());
   EXPECT_EQ("", buf.read_string());
-  std::unique_ptr<serialize_buffer> nothing(buf.read_buffer());
-  EXPECT_EQ("", nothing->as_str());
   buf.reset_read();
   EXPECT_EQ(425, buf.read_int32());
 
