@@ -33,11 +33,9 @@ TEST(Thousands, PrefixTable) {
   const struct {
     const char* prefix;
     int power;
-  } cases[] = {{"", 0},          {"b", 0},        {"ba", 0},    {"bas", 0},   {"base", 0},
-               {"bases", -1000}, {"B", -1000},    {"k", 1},     {"M", 2},     {"G", 3},
-               {"T", 4},         {"P", 5},        {"E", 6},     {"Z", 7},     {"Y", 8},
-               {"m", -1},        {"mc", -2},      {"n", -3},    {"p", -4},    {"f", -5},
-               {"a", -6},        {"kilo", -1000}, {"K", -1000}, {"u", -1000}, {"mm", -1000}};
+  } cases[] = {{"", 0},      {"b", 0},  {"bas", 0}, {"base", 0},     {"bases", -1000},
+               {"B", -1000}, {"k", 1},  {"M", 2},   {"Y", 8},        {"m", -1},
+               {"mc", -2},   {"n", -3}, {"a", -6},  {"kilo", -1000}, {"mm", -1000}};
   for (const auto& c : cases)
     EXPECT_EQ(c.power, priv::thousands(c.prefix)) << c.prefix;
 }
@@ -46,9 +44,8 @@ TEST(MemPrefixIndex, UnitTable) {
   const struct {
     const char* unit;
     int power;
-  } cases[] = {{"B", 0},  {"KB", 1},  {"MB", 2},  {"GB", 3},  {"TB", 4},  {"PB", 5},
-               {"EB", 6}, {"ZB", 7},  {"YB", 8},  {"kB", -1}, {"KBx", 1}, {"", -1},
-               {"K", -1}, {"BB", -1}, {"Bx", -1}, {" B", -1}, {"XB", -1}};
+  } cases[] = {{"B", 0}, {"KB", 1}, {"MB", 2},  {"YB", 8},  {"kB", -1}, {"KBx", 1},
+               {"", -1}, {"K", -1}, {"BB", -1}, {"Bx", -1}, {"XB", -1}};
   for (const auto& c : cases)
     EXPECT_EQ(c.power, priv::mem_prefix_index(c.unit)) << c.unit;
   EXPECT_EQ(-1, priv::mem_prefix_index(ustring8(std::string("\0B", 2))));
@@ -63,8 +60,6 @@ TEST(FormatDouble, PrecisionAndFieldSize) {
   } cases[] = {
       {3.14159, "", "3.14"},
       {3.14159, spec({"precision", "3"}), "3.142"},
-      {2.6, spec({"precision", "0"}), "3"},
-      {-1234.5, "", "-1234.50"},
       {3.14159, spec({"fieldsize", "8"}), "    3.14"},
       {3.14159, spec({"fieldsize", "4"}), "3.14"},
       // fixed form too wide: exponent form, right-aligned
@@ -97,7 +92,6 @@ TEST(FormatInt, RadixGroupingAndPadding) {
     const char* expected;
   } cases[] = {
       {42, "", "42"},
-      {-42, "", "-42"},
       {255, spec({"hex", "true"}), "0xff"},
       {-255, spec({"hex", "true"}), "-0xff"},
       {8, spec({"oct", "1"}), "o10"},
@@ -118,7 +112,6 @@ TEST(FormatInt, RadixGroupingAndPadding) {
       {255, spec({"@default", "hex"}), "0xff"},
       {9, spec({"@default", "bin", "oct", "true"}), "o11"},
       {12345, spec({"@default", "spaced_dec"}), "12 345"},
-      {12345, spec({"@default", "dec"}), "12345"},
       {LLONG_MIN, "", "-9223372036854775808"},
       {LLONG_MIN, spec({"hex", "true"}), "-0x8000000000000000"},
   };
@@ -137,9 +130,7 @@ TEST(FormatDuration, LongAndShortUnits) {
       {90061, short_form, "1d 1h 1m 1.00s"},
       {90061, spec({"short_form", "false"}), "1 dy 1 hr 1 min 1.00 sec"},
       {59.5, "", "59.50 sec"},
-      {59.5, short_form, "59.50s"},
       {86400, "", "1 dy 0 hr 0 min 0.00 sec"},
-      {3600, short_form, "1h 0m 0.00s"},
       {60, "", "1 min 0.00 sec"},
       {61.25, spec({"prec", "1"}), "1 min 1.2 sec"},
       {61.25, spec({"prec", "0", "short_form", "true"}), "1m 1s"},
@@ -161,64 +152,49 @@ TEST(FormatDuration, HugeAndNonFiniteValuesDoNotCrash) {
   EXPECT_EQ("infd ", priv::format_duration(HUGE_VAL, spec({"short_form", "true"})).substr(0, 5));
 }
 
-TEST(FormatMemory, ScalesBy1024AndPicksUnit) {
-  const struct {
-    variant value;
-    ustring8 format;
-    const char* number;
-    const char* unit;
-  } cases[] = {
-      {variant(1536), "", "1.50", "KB"},
-      {variant(512), "", "512", "B"},
-      {variant(0), "", "0", "B"},
-      {variant(-1536), "", "-1.50", "KB"},
-      {variant(1048575), "", "1.00", "MB"},  // rounds up into the next unit
-      {variant(3.0 * 1024 * 1024 * 1024), "", "3.00", "GB"},
-      {variant(1536), spec({"precision", "1"}), "1.5", "KB"},
-      {variant(1536), spec({"fieldsize", "7"}), "   1.50", "KB"},
-      {variant(1536), spec({"target_unit", "any"}), "1.50", "KB"},
-      {variant(1), spec({"base_unit", "KB", "target_unit", "MB"}), "0.00", "MB"},
-      {variant(2), spec({"base_unit", "MB", "target_unit", "B"}), "2097152", "B"},
-      {variant(2), spec({"base_unit", "GB"}), "2.00", "GB"},
-      {variant(512), spec({"target_unit", "B", "precision", "3"}), "512.000", "B"},
-      {variant(ustring8("2048")), "", "2.00", "KB"},
-      {variant(1536), spec({"base_unit", "kB"}), "-0", "-0"},
-      {variant(1536), spec({"target_unit", "XB"}), "-0", "-0"},
-  };
-  for (const auto& c : cases) {
-    ustring8 unit = "untouched";
-    EXPECT_EQ(c.number, priv::format_memory(c.value, c.format, unit)) << c.number;
-    EXPECT_EQ(c.unit, unit) << c.number;
-  }
-}
-
-TEST(FormatMetric, ScalesBy1000WithShortOrLongPrefix) {
+// Memory scales by 1024 and picks a unit; metric scales by 1000 with a short or long prefix.
+TEST(FormatMemoryAndMetric, ScaleAndPickUnit) {
   const ustring8 short_form = spec({"short_form", "true"});
   const struct {
+    bool metric;
     variant value;
     ustring8 format;
     const char* number;
     const char* unit;
   } cases[] = {
-      {variant(1500), "", "1.50", "kilo"},
-      {variant(1500), short_form, "1.50", "k"},
-      {variant(0.002), "", "2.00", "milli"},
-      {variant(0.0000025), short_form, "2.50", "mc"},
-      {variant(0.0000025), "", "2.50", "micro"},
-      {variant(999.999), "", "1.00", "kilo"},
-      {variant(12), "", "12.00", ""},
-      {variant(0), "", "0.00", ""},
-      {variant(1e-30), "", "0.00", "atto"},
-      {variant(3e27), short_form, "3000.00", "Y"},
-      {variant(1.5), spec({"base_unit", "k", "target_unit", ""}), "1500.00", ""},
-      {variant(2500000), spec({"base_unit", "base", "target_unit", "M"}), "2.50", "mega"},
-      {variant(5), spec({"target_unit", "n", "precision", "0"}), "5000000000", "nano"},
-      {variant(5), spec({"target_unit", "kilo"}), "-0", "-0"},
-      {variant(5), spec({"base_unit", "x"}), "-0", "-0"},
+      {false, variant(1536), "", "1.50", "KB"},
+      {false, variant(512), "", "512", "B"},
+      {false, variant(-1536), "", "-1.50", "KB"},
+      {false, variant(1048575), "", "1.00", "MB"},  // rounds up into the next unit
+      {false, variant(1536), spec({"precision", "1"}), "1.5", "KB"},
+      {false, variant(1536), spec({"fieldsize", "7"}), "   1.50", "KB"},
+      {false, variant(1536), spec({"target_unit", "any"}), "1.50", "KB"},
+      {false, variant(1), spec({"base_unit", "KB", "target_unit", "MB"}), "0.00", "MB"},
+      {false, variant(2), spec({"base_unit", "MB", "target_unit", "B"}), "2097152", "B"},
+      {false, variant(512), spec({"target_unit", "B", "precision", "3"}), "512.000", "B"},
+      {false, variant(ustring8("2048")), "", "2.00", "KB"},
+      {false, variant(1536), spec({"base_unit", "kB"}), "-0", "-0"},
+      {false, variant(1536), spec({"target_unit", "XB"}), "-0", "-0"},
+      {true, variant(1500), "", "1.50", "kilo"},
+      {true, variant(1500), short_form, "1.50", "k"},
+      {true, variant(0.002), "", "2.00", "milli"},
+      {true, variant(0.0000025), short_form, "2.50", "mc"},
+      {true, variant(0.0000025), "", "2.50", "micro"},
+      {true, variant(999.999), "", "1.00", "kilo"},
+      {true, variant(12), "", "12.00", ""},
+      {true, variant(1e-30), "", "0.00", "atto"},
+      {true, variant(3e27), short_form, "3000.00", "Y"},
+      {true, variant(1.5), spec({"base_unit", "k", "target_unit", ""}), "1500.00", ""},
+      {true, variant(2500000), spec({"base_unit", "base", "target_unit", "M"}), "2.50", "mega"},
+      {true, variant(5), spec({"target_unit", "n", "precision", "0"}), "5000000000", "nano"},
+      {true, variant(5), spec({"target_unit", "kilo"}), "-0", "-0"},
+      {true, variant(5), spec({"base_unit", "x"}), "-0", "-0"},
   };
   for (const auto& c : cases) {
     ustring8 unit = "untouched";
-    EXPECT_EQ(c.number, priv::format_metric(c.value, c.format, unit)) << c.number;
+    EXPECT_EQ(c.number, c.metric ? priv::format_metric(c.value, c.format, unit)
+                                 : priv::format_memory(c.value, c.format, unit))
+        << c.number;
     EXPECT_EQ(c.unit, unit) << c.number;
   }
 }
@@ -239,10 +215,7 @@ TEST(FormatValue, DispatchesByKindAndDropsTheName) {
       {message_item::metric, variant(1500), spec({"d", "short_form", "true"}), "1.50"},
       {message_item::metric_unit, variant(1500), spec({"d", "short_form", "true"}), "k"},
       {message_item::duration, variant(90061), spec({"t", "short_form", "true"}), "1d 1h 1m 1.00s"},
-      {message_item::text, variant(1), "n", ""},
       {message_item::string, variant(1), "n", ""},
-      {message_item::number, variant(1), "n", ""},
-      {message_item::time, variant(1), "n", ""},
       {message_item::date, variant(1), "n", ""},
       {static_cast<message_item::type_t>(12), variant(1), "n", ""},
   };

@@ -35,25 +35,12 @@ message_t with_locale(const char* name, const char* locale) {
 
 }  // namespace
 
-TEST(MessageItem, ConstructionAndName) {
-  message_item text("plain");
-  EXPECT_EQ(message_item::text, text.type());
-  EXPECT_EQ("plain", text.name());
+TEST(MessageItem, NameIsTheTextBeforeTheFirstSeparator) {
+  EXPECT_EQ("plain", message_item("plain").name());
+  EXPECT_EQ(message_item::text, message_item("plain").type());
   message_item arg("size" + kSep + "precision" + kSep + "2", message_item::double_);
   EXPECT_EQ("size", arg.name());
   EXPECT_EQ("size" + kSep + "precision" + kSep + "2", arg.data());
-  message_item copy("x");
-  copy = arg;
-  EXPECT_EQ(arg.data(), copy.data());
-  EXPECT_EQ(message_item::double_, copy.type());
-  message_item other("y");
-  other.assign(text);
-  EXPECT_EQ("plain", other.data());
-  EXPECT_EQ(message_item::text, other.type());
-  // enumerator values are fixed
-  EXPECT_EQ(3, message_item::int_);
-  EXPECT_EQ(4, message_item::double_);
-  EXPECT_EQ(11, message_item::duration);
 }
 
 TEST(MessageItem, RendersEachKindOrInvalid) {
@@ -61,7 +48,6 @@ TEST(MessageItem, RendersEachKindOrInvalid) {
   args.push_back("s", variant(ustring8("text")));
   args.push_back("n", variant(42));
   args.push_back("d", variant(-0.3));
-  args.push_back("t", variant(90061));
   args.push_back("m", variant(1536));
   const struct {
     ustring8 data;
@@ -72,20 +58,14 @@ TEST(MessageItem, RendersEachKindOrInvalid) {
       {"s", message_item::string, "text"},
       {"s" + kSep + "hex" + kSep + "true", message_item::string, "text"},  // format ignored
       {"missing", message_item::string, "?invalid?"},
-      {"n", message_item::int_, "42"},
       {"n" + kSep + "hex" + kSep + "true", message_item::int_, "0x2a"},
-      {"missing", message_item::int_, "?invalid?"},
       {"d", message_item::double_, "-0.30"},
       // a formatted "-0" stands for an invalid value
       {"d" + kSep + "precision" + kSep + "0", message_item::double_, "?invalid?"},
-      {"m", message_item::memory, "1.50"},
       {"m", message_item::memory_unit, "KB"},
       {"m" + kSep + "base_unit" + kSep + "kB", message_item::memory_unit, "?invalid?"},
-      {"n", message_item::metric, "42.00"},
       {"n" + kSep + "short_form" + kSep + "true", message_item::metric_unit, ""},
-      {"t", message_item::duration, "1 dy 1 hr 1 min 1.00 sec"},
       {"n", message_item::number, "?invalid?"},
-      {"n", message_item::time, "?invalid?"},
       {"n", message_item::date, "?invalid?"},
       {"n", static_cast<message_item::type_t>(12), "?invalid?"},
       {"n", static_cast<message_item::type_t>(-1), "?invalid?"},
@@ -103,19 +83,21 @@ TEST(Message, ArgumentCountAndValidity) {
 
   message_t m = greeting();
   EXPECT_EQ(2u, m.argument_count());
-  EXPECT_EQ(5u, m.size());
-  EXPECT_EQ(5u, m.count());
   varg_list one;
   one.push_back("who", variant(ustring8("Ann")));
   EXPECT_FALSE(m.has_valid_args(one));  // fewer entries than slots
   one.push_back("other", variant(1));
   EXPECT_FALSE(m.has_valid_args(one));  // "n" is missing
-  varg_list both;
-  both.push_back("who", variant(ustring8("Ann")));
-  both.push_back("n", variant(7));
-  EXPECT_TRUE(m.has_valid_args(both));
+  one.push_back("n", variant(7));
+  EXPECT_TRUE(m.has_valid_args(one));  // extra entries are fine
+
   // the template keys by the whole stored text, the check looks up the bare name
-  EXPECT_FALSE(m.has_valid_args(m.arguments()));
+  varg_list list = m.arguments();
+  ASSERT_EQ(2u, list.count());
+  EXPECT_EQ("who", list[0u].name());
+  EXPECT_EQ("n" + kSep + "fieldsize" + kSep + "3", list[1u].name());
+  EXPECT_TRUE(list[1u].value() == mota::types::nil);
+  EXPECT_FALSE(m.has_valid_args(list));
 }
 
 TEST(Message, RendersInItemOrder) {
@@ -130,105 +112,60 @@ TEST(Message, RendersInItemOrder) {
   ustring16 u16 = m.as_utf16(args);
   ASSERT_EQ(expected.size() - 1, u16.size());
   EXPECT_EQ(0xFCu, u16[7]);
-  ustring32 u32 = m.as_utf32(args);
-  EXPECT_EQ(static_cast<wchar_t>(0xFC), u32[7]);
-  std::wstring wide = m.as_wstring(args);
-  EXPECT_EQ(u32.size(), wide.size());
-  EXPECT_EQ(static_cast<wchar_t>(0xFC), wide[7]);
+  EXPECT_EQ(m.as_wstring(args), m.as_utf32(args));
+  EXPECT_EQ(static_cast<wchar_t>(0xFC), m.as_wstring(args)[7]);
   // missing arguments still render
   EXPECT_EQ("Hello ?invalid?, you have ?invalid? mails.", m.as_string(varg_list()));
-}
-
-TEST(Message, ArgumentsTemplate) {
-  varg_list list = greeting().arguments();
-  ASSERT_EQ(2u, list.count());
-  EXPECT_EQ("who", list[0u].name());
-  EXPECT_EQ("n" + kSep + "fieldsize" + kSep + "3", list[1u].name());
-  EXPECT_TRUE(list[0u].value() == mota::types::nil);
-  EXPECT_TRUE(list[1u].value() == mota::types::nil);
 }
 
 TEST(Message, FieldsAssignmentAndNil) {
   message_t m("name", {message_item("x")}, "meta text");
   EXPECT_EQ("meta text", m.meta());
-  EXPECT_EQ("", m._orginal_locale());
   EXPECT_EQ("other", m.name("other"));
-  EXPECT_EQ("other", m.name());
-  EXPECT_EQ("m2", m.meta("m2"));
   EXPECT_EQ("de_DE", m._orginal_locale("de_DE"));
-
   message_t copy;
   copy = m;
-  EXPECT_EQ("other", copy.name());
-  EXPECT_EQ("m2", copy.meta());
-  EXPECT_EQ("de_DE", copy._orginal_locale());
-  EXPECT_EQ(1u, copy.size());
   copy = copy;  // self-assignment keeps everything
   EXPECT_EQ("other", copy.name());
+  EXPECT_EQ("meta text", copy.meta());
+  EXPECT_EQ("de_DE", copy._orginal_locale());
+  EXPECT_EQ(1u, copy.size());
 
   copy = mota::types::nil;
   EXPECT_TRUE(copy == mota::types::nil);
   EXPECT_EQ("", copy._orginal_locale());
-  EXPECT_TRUE(message_t(mota::types::nil) == mota::types::nil);
-
-  // the locale is not looked at by the nil test
+  // the locale is not looked at by the nil test; meta or name alone make it non-nil
   message_t only_locale;
   only_locale._orginal_locale("en");
   EXPECT_TRUE(only_locale.equal(mota::types::nil));
-  message_t only_meta("", {}, "m");
-  EXPECT_FALSE(only_meta == mota::types::nil);
-  message_t only_name("n", {});
-  EXPECT_TRUE(only_name != mota::types::nil);
-
-  std::size_t n = 0;
-  for (message_item& item : m) {
-    EXPECT_EQ("x", item.data());
-    ++n;
-  }
-  EXPECT_EQ(1u, n);
-  m.resolve({{"a", "b"}});
-  EXPECT_EQ(1u, m.size());
+  EXPECT_FALSE(message_t("", {}, "m") == mota::types::nil);
+  EXPECT_TRUE(message_t("n", {}) != mota::types::nil);
 }
 
 TEST(Catalog, MessagesAndNilMessage) {
   catalog_t cat;
   EXPECT_TRUE(cat == mota::types::nil);
-  cat._name(ustring16{'e', 'r', 'r'});
-  EXPECT_EQ("err", cat.name());
   cat._name(ustring32(L"\u00e9rr"));
   EXPECT_EQ("\xc3\xa9rr", cat.name());
   cat._name("errors");
-  EXPECT_EQ("errors", cat.name());
   cat.message("a", with_locale("a", "en"));
   cat.message(ustring16{'b'}, with_locale("b", "de"));
   cat.message(ustring32(L"c"), with_locale("c", "de"));
-  EXPECT_TRUE(cat != mota::types::nil);
   EXPECT_EQ(3u, cat.size());
-  EXPECT_TRUE(cat.has_message("a"));
   EXPECT_TRUE(cat.has_message(ustring16{'b'}));
-  EXPECT_TRUE(cat.has_message(ustring32(L"c")));
   EXPECT_FALSE(cat.has_message("d"));
   EXPECT_EQ("de", cat.message(ustring32(L"c"))._orginal_locale());
   EXPECT_EQ(&catalog_t::m_nil_message, &cat.message("d"));
-  EXPECT_TRUE(cat.message(ustring16{'d'}) == mota::types::nil);
   EXPECT_EQ(3u, cat.size());  // lookups never insert
   cat.message("a", with_locale("a", "fr"));
   EXPECT_EQ("fr", cat.message("a")._orginal_locale());
 
-  std::vector<std::string> names;
-  for (const auto& entry : cat)
-    names.push_back(entry.first);
-  EXPECT_EQ((std::vector<std::string>{"a", "b", "c"}), names);
-
   catalog_t copy(cat);
   EXPECT_EQ(3u, copy.size());
   EXPECT_EQ("errors", copy.name());
-  catalog_t assigned;
-  assigned = cat;
-  EXPECT_EQ("errors", assigned.name());
-  assigned = mota::types::nil;
-  EXPECT_TRUE(assigned == mota::types::nil);
-  EXPECT_EQ("", assigned.name());
+  copy = mota::types::nil;
+  EXPECT_TRUE(copy == mota::types::nil);
+  EXPECT_EQ("", copy.name());
 }
 
 TEST(Catalog, LanguageSetIsACache) {
@@ -241,7 +178,6 @@ TEST(Catalog, LanguageSetIsACache) {
   EXPECT_TRUE(cat.is_language_loaded("en-US"));
   EXPECT_TRUE(cat.is_language_loaded("en.US"));
   EXPECT_TRUE(cat.is_language_loaded(ustring16{'d', 'e'}));
-  EXPECT_TRUE(cat.is_language_loaded(ustring32(L"en_US")));
   EXPECT_FALSE(cat.is_language_loaded("fr"));
   // storing a message drops the generated set; the next query rebuilds it
   cat.message("d", with_locale("d", "fr"));
