@@ -82,20 +82,16 @@ TEST(ConfigCommandLine, UnknownArgumentsWarnAndAreSkipped) {
       printed);
 }
 
-TEST(ConfigCommandLine, ReloadNullEntriesAndClone) {
+TEST(ConfigCommandLine, ReloadAndNullEntries) {
   std::vector<const char*> argv = {"prog", nullptr, "-a=1"};
   commandline_item item(3, argv.data());
   EXPECT_EQ("command line", item.get_id());
-  EXPECT_EQ(argv.data(), item.get_argv());
   item.load();
   item.set("extra", mota::types::variant(1), 0u);
   item.load();  // a load starts from scratch
   EXPECT_EQ("a=0:1\napplication.name=0:prog\napplication.name.raw=0:prog\n", render(item));
-  commandline_item* copy = item.clone();
   item.unload();
   EXPECT_EQ("", render(item));
-  EXPECT_EQ("a=0:1\napplication.name=0:prog\napplication.name.raw=0:prog\n", render(*copy));
-  delete copy;
 
   commandline_item none(5, nullptr);
   none.load();
@@ -106,7 +102,6 @@ TEST(ConfigEnvironment, SplitsEachEntryAtItsFirstEquals) {
   const char* envp[] = {"HOME=/home/u", "LS=a=b:c", "EMPTY=", "X==y", nullptr, "NOT=read"};
   enviroment_item env(envp);
   EXPECT_EQ("enviroment", env.get_id());
-  EXPECT_EQ(envp, env.get_envp());
   env.load();
   // "==" is one token, so "X==y" has no "=" token to split at.
   EXPECT_EQ("EMPTY=0:\nHOME=0:/home/u\nLS=0:a=b:c\nX==y=0:\n", render(env));

@@ -37,6 +37,12 @@ void write(const std::string& path, const std::string& text) {
   std::ofstream(path) << text;
 }
 
+template <class Item>
+Item* owned(Item* item) {
+  item->delete_on_zero(true);
+  return item;
+}
+
 }  // namespace
 
 TEST(ConfigFileSyntax, ScalarsSectionsAndComments) {
@@ -139,31 +145,24 @@ TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
   write(dir / "named.cfg", "from = cfg_file\n");
   write(dir / "tool.cfg", "from = raw\n");
 
+  auto* others = owned(new mota::config::user_item);
+  auto* file = owned(new file_item(dir / "given"));  // no extension: ".cfg" is added
   base_config_item::item_list items;
-  auto* others = new mota::config::user_item;
-  others->delete_on_zero(true);
   items.emplace_back(others);
-  auto* file = new file_item(dir / "given");  // no extension: ".cfg" is added
-  file->delete_on_zero(true);
   items.emplace_back(file);
 
   file->load(items);
   EXPECT_EQ(dir / "given.cfg", file->get_filename());
   EXPECT_EQ("from=0:given\n", render(*file));
-
   others->set("cfg_file", variant(ustring8(dir / "named.cfg")), 0u);
   file->load(items);
   EXPECT_EQ("from=0:cfg_file\n", render(*file));
 
   // Without a name the application's raw name gives the default file.
-  auto* unnamed = new file_item("");
-  unnamed->delete_on_zero(true);
-  base_config_item::item_list others_only;
-  others_only.emplace_back(unnamed);
-  auto* app = new mota::config::user_item;
-  app->delete_on_zero(true);
-  app->set("application.name.raw", variant(ustring8(dir / "tool")), 0u);
-  others_only.emplace_back(app);
-  unnamed->load(others_only);
+  others->unload();
+  others->set("application.name.raw", variant(ustring8(dir / "tool")), 0u);
+  auto* unnamed = owned(new file_item(""));
+  items.emplace_back(unnamed);
+  unnamed->load(items);
   EXPECT_EQ("from=0:raw\n", render(*unnamed));
 }
