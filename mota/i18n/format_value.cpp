@@ -9,7 +9,7 @@ namespace i18n {
 
 strings::ustring8 format_value(message_item::type_t type, types::variant value,
                                const strings::ustring8& format) {
-  // Drop the argument name: the specification starts after the first 0x01.
+  // Drop the argument name: the format text starts after the first 0x01.
   std::size_t cut = format.find(message_item::separator);
   std::string_view spec(format);
   if (cut != strings::ustring8::npos) spec.remove_prefix(cut + 1);

@@ -21,7 +21,7 @@ namespace i18n {
 
 // Formats `value` for an item of kind `type`. `format` is the item's whole stored text; the
 // part up to and including the first 0x01 (the argument name) is dropped, and a text without
-// 0x01 is used whole as the specification (it then holds no known key and changes nothing).
+// 0x01 is used whole as the format text (it then holds no known key and changes nothing).
 // int_, double_, memory, memory_unit, metric, metric_unit and duration are formatted; every
 // other kind gives an empty text. Unknown units give "-0", which message_item renders as
 // "?invalid?". Never throws for bad input.

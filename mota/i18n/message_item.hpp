@@ -36,7 +36,7 @@ class MOTA_API message_item {
   };
 
   // The separator between an argument's name and its format specification, and between the
-  // keys and values of the specification.
+  // keys and values of the format text.
   static constexpr char separator = '\x01';
 
   message_item() = default;

@@ -187,7 +187,7 @@ strings::ustring8 format_int_spec(long long value, std::string_view spec) {
   const char* prefix = "";
   bool spaced = false;
 
-  // The first radix key of the specification wins; "@default" applies when there is none.
+  // The first radix key of the format wins; "@default" applies when there is none.
   bool radix_set = false;
   std::string_view presentation;
   bool has_presentation = false;

@@ -8,7 +8,7 @@
 // - format_int: "hex", "oct" and "bin" select radix 16, 8 and 2 and write the prefixes "0x",
 //   "o" and "b" (after a "-" sign for negative values); "spaced_dec" groups decimal digits in
 //   threes from the right with one blank ("1 234 567"). A key counts when its value is not
-//   empty, "false" or "0" (hex="true"); the first radix key of the specification wins. "@default"
+//   empty, "false" or "0" (hex="true"); the first radix key of the format wins. "@default"
 //   names the presentation used when no such key is given ("hex", "oct", "bin", "spaced_dec" or
 //   "dec"). "fieldsize" pads the whole text, sign and prefix included, with blanks on the
 //   left to that width (right-aligned like printf's %Nd); a longer text is never cut.
@@ -67,7 +67,7 @@ MOTA_API int thousands(const strings::ustring8& prefix);
 MOTA_API int mem_prefix_index(const strings::ustring8& unit);
 
 // The same formatters over a specification held anywhere (not exported; format_value uses
-// them to avoid copying the specification out of the item's text).
+// them to avoid copying the format text out of the item's text).
 strings::ustring8 format_int_spec(long long value, std::string_view spec);
 strings::ustring8 format_double_spec(double value, std::string_view spec);
 strings::ustring8 format_duration_spec(double seconds, std::string_view spec);
