@@ -2,8 +2,12 @@
 // char, UTF-16 and UTF-32 buffers of exactly the needed size, and checked against
 // std::to_chars; then the text is read back by the str_to_x parser of each width, which must
 // give the value again, or clamp and throw exactly when the value does not fit the width.
+// The raw byte forms too: each namespace's bytes are the expected order (the machine's own,
+// or most significant first for both little_endian and big_endian), read back by both
+// endian namespaces, and a byte string shorter than the width reads as 0.
 #include <mota/exceptions/logic_error.hpp>
 #include <mota/exceptions/runtime_error.hpp>
+#include <mota/generic/convert/bin_str.hpp>
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
 
@@ -12,6 +16,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -194,6 +199,65 @@ void to_str_matches(T value) {
   check(convert::to_str(value) == reference(value, 10));
 }
 
+template <typename T>
+std::string native_bytes(T value) {
+  return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+template <typename T>
+std::string high_first(T value) {
+  std::string out = native_bytes(value);  // the target stores the least significant byte first
+  return std::string(out.rbegin(), out.rend());
+}
+
+// Equal bit patterns; two NaNs count as equal, since a float returned through the x87 stack
+// on the 32-bit target has its signalling NaNs quietened on the way.
+template <typename T>
+bool same_bits(T a, T b) {
+  return std::memcmp(&a, &b, sizeof a) == 0 || (a != a && b != b);  // a != a: a NaN
+}
+
+// One width: `to` and `from` are the writer and the std::string reader of the plain, the
+// little_endian and the big_endian namespace, in that order.
+template <typename T>
+void raw_bytes(T value, std::string (*to_plain)(const T&), std::string (*to_little)(const T&),
+               std::string (*to_big)(const T&), T (*from_plain)(const std::string&),
+               T (*from_little)(const std::string&), T (*from_big)(const std::string&)) {
+  const std::string plain = to_plain(value);
+  const std::string little = to_little(value);
+  const std::string big = to_big(value);
+  check(plain == native_bytes(value));
+  check(little == high_first(value) && big == little);
+  check(same_bits(from_plain(plain), value));
+  check(same_bits(from_little(big), value) && same_bits(from_big(little), value));
+  for (std::size_t n = 0; n < sizeof(T); ++n) {
+    check(same_bits(from_plain(plain.substr(0, n)), T(0)));
+    check(same_bits(from_little(big.substr(0, n)), T(0)));
+    check(same_bits(from_big(little.substr(0, n)), T(0)));
+  }
+  check(same_bits(from_plain(plain + "x"), value));  // extra bytes are ignored
+}
+
+#define MOTA_RAW(type, to, from, value)                                                    \
+  raw_bytes<type>(value, convert::to, convert::little_endian::to, convert::big_endian::to, \
+                  convert::from, convert::little_endian::from, convert::big_endian::from)
+
+void all_raw_bytes(unsigned long long bits) {
+  float f;
+  const auto low = static_cast<std::uint32_t>(bits);
+  std::memcpy(&f, &low, sizeof f);
+  double d;
+  std::memcpy(&d, &bits, sizeof d);
+  MOTA_RAW(short, int16_to_bin_str, bin_str_to_int16, static_cast<short>(bits));
+  MOTA_RAW(int, int32_to_bin_str, bin_str_to_int32, static_cast<int>(low));
+  MOTA_RAW(long long, int64_to_bin_str, bin_str_to_int64, static_cast<long long>(bits));
+  MOTA_RAW(unsigned short, uint16_to_bin_str, bin_str_to_uint16, static_cast<unsigned short>(bits));
+  MOTA_RAW(unsigned int, uint32_to_bin_str, bin_str_to_uint32, low);
+  MOTA_RAW(unsigned long long, uint64_to_bin_str, bin_str_to_uint64, bits);
+  MOTA_RAW(float, float_to_bin_str, bin_str_to_float, f);
+  MOTA_RAW(double, double_to_bin_str, bin_str_to_double, d);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -219,6 +283,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const char c = static_cast<char>(bits);
     const mota::strings::ustring8 one = convert::to_str<char>(c);
     check(one.size() == 1 && one[0] == c);
+    all_raw_bytes(bits);
   }
   return 0;
 }
