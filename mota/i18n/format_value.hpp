@@ -24,7 +24,10 @@ namespace i18n {
 // 0x01 is used whole as the format text (it then holds no known key and changes nothing).
 // int_, double_, memory, memory_unit, metric, metric_unit and duration are formatted; every
 // other kind gives an empty text. Unknown units give "-0", which message_item renders as
-// "?invalid?". Never throws for bad input.
+// "?invalid?". Numeric values ("precision", "prec", "fieldsize") are read as strtol reads
+// them; a precision is then held to 0..340 and a field size to 0..1024, so a hostile value
+// such as precision="1000000000" cannot ask for a gigabyte of digits. Never throws for bad
+// input.
 MOTA_API strings::ustring8 format_value(message_item::type_t type, types::variant value,
                                         const strings::ustring8& format);
 

@@ -223,3 +223,37 @@ TEST(FormatValue, DispatchesByKindAndDropsTheName) {
     EXPECT_EQ(c.expected, i18n::format_value(c.type, c.value, c.format)) << c.type;
   }
 }
+
+// Every numeric key is read as strtol reads it, however long its leading blanks or zeros.
+TEST(FormatValue, NumericKeysAreReadWhole) {
+  const std::string five = std::string(31, ' ') + "5";
+  const std::string signed_five = "+" + std::string(40, '0') + "5";
+  const std::string spaced_three = " \t\n\v\f\r3";
+  const struct {
+    message_item::type_t type;
+    variant value;
+    ustring8 format;
+    const char* expected;
+  } cases[] = {
+      {message_item::double_, variant(1.0), spec({"n", "precision", five.c_str()}), "1.00000"},
+      {message_item::double_, variant(1.0), spec({"n", "fieldsize", five.c_str()}), " 1.00"},
+      {message_item::double_, variant(1.0), spec({"n", "precision", signed_five.c_str()}),
+       "1.00000"},
+      {message_item::double_, variant(1.0), spec({"n", "precision", spaced_three.c_str()}),
+       "1.000"},
+      {message_item::int_, variant(7), spec({"n", "fieldsize", five.c_str()}), "    7"},
+      {message_item::duration, variant(1.0),
+       spec({"n", "short_form", "true", "prec", five.c_str()}), "1.00000s"},
+      {message_item::memory, variant(1536), spec({"n", "precision", five.c_str()}), "1.50000"},
+      {message_item::memory, variant(1536),
+       spec({"n", "precision", "1", "fieldsize", signed_five.c_str()}), "  1.5"},
+      {message_item::metric, variant(1500), spec({"n", "precision", five.c_str()}), "1.50000"},
+      {message_item::metric, variant(1500), spec({"n", "fieldsize", five.c_str()}), " 1.50"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.expected, i18n::format_value(c.type, c.value, c.format)) << c.type;
+  }
+  // out of range saturates like strtol, then meets the documented bounds
+  EXPECT_EQ(1024u, priv::format_double(1.0, spec({"fieldsize", "99999999999999999999999"})).size());
+  EXPECT_EQ("1", priv::format_double(1.0, spec({"precision", "-99999999999999999999999"})));
+}

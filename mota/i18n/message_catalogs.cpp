@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <string>
 #include <typeinfo>
+#include <unordered_set>
+#include <utility>
 
 namespace MOTA_2_18 {
 namespace i18n {
@@ -157,16 +159,14 @@ message_catalogs::result_type message_catalogs::load_file_impl(
 message_catalogs::result_type message_catalogs::load_directory_impl(
     const strings::ustring8& dir, const strings::ustring8& locale,
     const strings::ustring8* catalog_id, unsigned int depth,
-    std::vector<strings::ustring8>& visited) {
+    std::unordered_set<std::string>& visited) {
   if (!system::io::exists(dir)) return result_type(directory_not_found, dir);
   // A directory reached again through a link, or a tree nested without end, is not walked
   // again.
-  strings::ustring8 identity = directory_identity(dir);
-  for (const strings::ustring8& seen : visited) {
-    if (seen == identity) return result_type(no_error, strings::ustring8());
-  }
+  std::string identity = directory_identity(dir);
+  if (visited.count(identity) != 0) return result_type(no_error, strings::ustring8());
   if (depth >= kMaxDirectoryDepth) return result_type(no_error, strings::ustring8());
-  visited.push_back(identity);
+  visited.insert(std::move(identity));
 
   for (const strings::ustring8& entry : system::list_directory(dir)) {
     if (system::io::is_directory(entry)) {
@@ -183,7 +183,7 @@ message_catalogs::result_type message_catalogs::load_directory_impl(
 message_catalogs::result_type message_catalogs::load_impl(const strings::ustring8& path,
                                                           const strings::ustring8& locale,
                                                           const strings::ustring8* catalog_id) {
-  std::vector<strings::ustring8> visited;
+  std::unordered_set<std::string> visited;
   result_type result = system::io::is_file(path) ? load_file_impl(path, locale, catalog_id)
                        : system::io::is_directory(path)
                            ? load_directory_impl(path, locale, catalog_id, 0, visited)
@@ -198,7 +198,7 @@ message_catalogs::result_type message_catalogs::load_list_impl(
     const std::vector<strings::ustring8>& paths, const strings::ustring8& locale,
     const strings::ustring8* catalog_id) {
   for (const strings::ustring8& path : paths) {
-    std::vector<strings::ustring8> visited;
+    std::unordered_set<std::string> visited;
     result_type result = system::io::is_file(path) ? load_file_impl(path, locale, catalog_id)
                          : system::io::is_directory(path)
                              ? load_directory_impl(path, locale, catalog_id, 0, visited)
@@ -271,13 +271,13 @@ MOTA_I18N_WIDE_FORMS(message_catalogs::result_type, load_file)
 
 message_catalogs::result_type message_catalogs::load_directory(const strings::ustring8& dir,
                                                                const strings::ustring8& locale) {
-  std::vector<strings::ustring8> visited;
+  std::unordered_set<std::string> visited;
   return load_directory_impl(dir, locale, nullptr, 0, visited);
 }
 message_catalogs::result_type message_catalogs::load_directory(
     const strings::ustring8& dir, const strings::ustring8& locale,
     const strings::ustring8& catalog_id) {
-  std::vector<strings::ustring8> visited;
+  std::unordered_set<std::string> visited;
   return load_directory_impl(dir, locale, &catalog_id, 0, visited);
 }
 MOTA_I18N_WIDE_FORMS(message_catalogs::result_type, load_directory)

@@ -21,6 +21,7 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace MOTA_2_18 {
@@ -190,7 +191,7 @@ class MOTA_API message_catalogs {
                              const strings::ustring8* catalog_id);
   result_type load_directory_impl(const strings::ustring8& dir, const strings::ustring8& locale,
                                   const strings::ustring8* catalog_id, unsigned int depth,
-                                  std::vector<strings::ustring8>& visited);
+                                  std::unordered_set<std::string>& visited);
   result_type load_impl(const strings::ustring8& path, const strings::ustring8& locale,
                         const strings::ustring8* catalog_id);
   result_type load_list_impl(const std::vector<strings::ustring8>& paths,

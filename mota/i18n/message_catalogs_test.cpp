@@ -241,6 +241,51 @@ TEST(MessageCatalogs, DirectoryLinkCyclesEnd) {
   EXPECT_TRUE(cats.has_catalog("x"));
 }
 
+namespace {
+
+// The text of the last catalog file a depth-first walk in listing order meets under `dir`.
+std::string last_catalog_file(const std::filesystem::path& dir) {
+  std::string last;
+  for (const auto& entry : std::filesystem::directory_iterator(dir)) {
+    if (entry.is_symlink()) continue;  // the only link in the tree leads back to a walked one
+    if (entry.is_directory()) {
+      std::string below = last_catalog_file(entry.path());
+      if (!below.empty()) last = below;
+    } else if (entry.path().extension() == ".xmc") {
+      last = entry.path().parent_path().parent_path().filename().string() + "/" +
+             entry.path().parent_path().filename().string();
+    }
+  }
+  return last;
+}
+
+}  // namespace
+
+TEST(MessageCatalogs, LoadDirectoryWalksAWideTreeInListingOrder) {
+  // 40 directories of 50 each; every tenth holds a catalog file, and a link leads back up.
+  mota_test::temp_dir tmp;
+  int files = 0;
+  for (int i = 0; i < 40; ++i) {
+    for (int j = 0; j < 50; ++j) {
+      const std::string name = "t" + std::to_string(i) + "/u" + std::to_string(j);
+      std::filesystem::create_directories(tmp.path() / name);
+      if (j % 10 != 0) continue;
+      ++files;
+      write(tmp / (name + "/x.xmc"), xmc("<catalog name=\"" + name +
+                                         "\" lang=\"en\"><msg name=\"m\">x</msg></catalog>"
+                                         "<catalog name=\"all\" lang=\"en\"><msg name=\"last\">" +
+                                         name + "</msg></catalog>"));
+    }
+  }
+  std::filesystem::create_directory_symlink(tmp.path(), tmp.path() / "t7" / "loop");
+  message_catalogs cats;
+  result_type r = cats.load_directory(tmp.str(), "en");
+  EXPECT_EQ(0, r.type) << r.message;
+  EXPECT_EQ(static_cast<std::size_t>(files + 1), cats.size());
+  // a later file of equal weight replaces the message: the last file walked wins
+  EXPECT_EQ(last_catalog_file(tmp.path()), cats.message("all", "last").as_string(varg_list()));
+}
+
 TEST(MessageCatalogs, CopiesShareCatalogsAndEraseRemoves) {
   message_catalogs cats;
   ASSERT_EQ(0, cats.load(data_dir() + "dir", "de").type);

@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <typeinfo>
 #include <vector>
 
+using mota::generic::varg_list;
 using mota::i18n::catalog_t;
 using mota::i18n::message_item;
 using mota::i18n::message_t;
@@ -364,6 +366,75 @@ TEST(XmcLoader, IncludeDepthIsBounded) {
   // a chain within the bound loads
   xmc_file_loader shallow;
   EXPECT_EQ(0, shallow.parse(tmp / ("f" + std::to_string(files - 10) + ".xmc"), "en").type);
+}
+
+// Writes <prefix><first>.xmc .. <prefix><last>.xmc into `dir`, each including the next one
+// `times` times (the last one includes `tail`, if any). File i holds message m<i> of catalog
+// c before its includes and message "first" after them, both with the text <prefix><i>.
+void write_chain(const std::string& dir, const std::string& prefix, int first, int last, int times,
+                 const std::string& tail) {
+  for (int i = first; i <= last; ++i) {
+    const std::string name = prefix + std::to_string(i);
+    const std::string next = i < last ? prefix + std::to_string(i + 1) + ".xmc" : tail;
+    std::string includes;
+    for (int k = 0; k < times && !next.empty(); ++k)
+      includes += "<include file=\"" + next + "\"/>";
+    std::ofstream(dir + "/" + name + ".xmc")
+        << xmc("<catalog name=\"c\" lang=\"en\"><msg name=\"m" + std::to_string(i) + "\">" + name +
+               "</msg></catalog>" + includes +
+               "<catalog name=\"c\" lang=\"en\"><msg name=\"first\">" + name + "</msg></catalog>");
+  }
+}
+
+TEST(XmcLoader, DiamondIncludesAreReadOnce) {
+  // 30 levels, each file including the next twice: 2^30 paths, 30 files.
+  mota_test::temp_dir tmp;
+  write_chain(tmp.str(), "f", 0, 29, 2, "");
+  xmc_file_loader loader;
+  ASSERT_EQ(0, loader.parse(tmp / "f0.xmc", "en").type);
+  ASSERT_EQ(1u, loader.data().size());
+  EXPECT_EQ(31u, loader.data().at("c").size());
+  varg_list none;
+  EXPECT_EQ("f0", loaded(loader, "c", "m0").as_string(none));
+  EXPECT_EQ("f29", loaded(loader, "c", "m29").as_string(none));
+  // the first of equal weight wins: the deepest file's variant was met first
+  EXPECT_EQ("f29", loaded(loader, "c", "first").as_string(none));
+
+  // A file met again is skipped only where its own includes stay within the depth bound:
+  // s0 includes 10 levels below it; read first at depth 1 it loads, met again below 25 more
+  // levels the bound is hit and reported exactly as a fresh read would report it.
+  write_chain(tmp.str(), "s", 0, 10, 1, "");
+  write_chain(tmp.str(), "d", 1, 25, 1, "s0.xmc");
+  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"s0.xmc\"/><include file=\"d1.xmc\"/>");
+  xmc_file_loader deep;
+  load_error e = deep.parse(tmp / "top.xmc", "en");
+  EXPECT_EQ(14, e.type);
+  std::string trail;
+  for (int i = 6; i >= 0; --i)
+    trail += in_file(tmp / ("s" + std::to_string(i) + ".xmc"));
+  for (int i = 25; i >= 1; --i)
+    trail += in_file(tmp / ("d" + std::to_string(i) + ".xmc"));
+  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + trail + in_file(tmp / "top.xmc"),
+            e.message);
+  // 5 levels less stay within the bound
+  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"s0.xmc\"/><include file=\"d6.xmc\"/>");
+  xmc_file_loader shallow;
+  EXPECT_EQ(0, shallow.parse(tmp / "top.xmc", "en").type);
+}
+
+TEST(XmcLoader, ALinkToAFileReadBeforeIsStillRefused) {
+  mota_test::temp_dir tmp;
+  std::ofstream(tmp / "x.xmc") << xmc(
+      "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">x</msg></catalog>");
+  std::filesystem::create_symlink(tmp / "x.xmc", tmp / "link.xmc");
+  std::ofstream(tmp / "top.xmc") << xmc(
+      "<include file=\"x.xmc\"/><include file=\"./x.xmc\"/><include file=\"link.xmc\"/>");
+  xmc_file_loader loader;
+  load_error e = loader.parse(tmp / "top.xmc", "en");
+  EXPECT_EQ(3, e.type);
+  EXPECT_EQ(kPrefix + "File \"" + tmp / "link.xmc" + "\" was not found on disk" +
+                in_file(tmp / "top.xmc"),
+            e.message);
 }
 
 TEST(XmcLoader, SkippedSectionsMayHoldAnything) {

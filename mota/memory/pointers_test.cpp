@@ -1,9 +1,15 @@
+#include <mota/exceptions/logic_error.hpp>
 #include <mota/generic/abilities/clone_ability.hpp>
 #include <mota/generic/abilities/reference_count_pointer_ability.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/memory/shared_pointer.hpp>
 
+#include <mota_test.hpp>
+
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
 
 namespace {
 
@@ -84,4 +90,24 @@ TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
     EXPECT_FALSE(b);
   }
   EXPECT_EQ(0, alive);
+}
+
+TEST(SharedPointer, DereferencingAnEmptyPointerThrows) {
+  shared_pointer<std::string> empty;
+  EXPECT_THROW_MSG(empty->size(), mota::exceptions::logic_error, "unreferanced object");
+  EXPECT_THROW_MSG(*empty, mota::exceptions::logic_error, "unreferanced object");
+  try {
+    empty->size();
+  } catch (const mota::exceptions::logic_error& e) {
+    EXPECT_STREQ("operator->", e.get_state().function);
+    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "shared_pointer.hpp"));
+  }
+  try {
+    *empty;
+  } catch (const mota::exceptions::logic_error& e) {
+    EXPECT_STREQ("operator*", e.get_state().function);
+  }
+  // get() and the bool test stay silent
+  EXPECT_EQ(nullptr, empty.get());
+  EXPECT_FALSE(empty);
 }

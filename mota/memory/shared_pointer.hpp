@@ -1,11 +1,13 @@
 // A non-intrusive shared pointer for objects of any type: the count lives beside the object,
-// so the pointee needs no mix-in. Like rc_pointer, counting is not atomic.
+// so the pointee needs no mix-in. Like rc_pointer, counting is not atomic. Dereferencing an
+// empty pointer throws instead of touching address zero; get() and the bool test do not.
 //
 //   shared_pointer<catalog_t> a(new catalog_t);
 //   shared_pointer<catalog_t> b = a;          // both own the catalog; the last one deletes it
 #ifndef MOTA_MEMORY_SHARED_POINTER_HPP
 #define MOTA_MEMORY_SHARED_POINTER_HPP
 
+#include <mota/exceptions/_private/throw.hpp>
 #include <mota/export.hpp>
 
 #include <cstdint>
@@ -50,9 +52,19 @@ class shared_pointer {
     std::swap(m_count, other.m_count);
   }
 
+  // The object, or null for an empty pointer.
   T* get() const { return m_object; }
-  T& operator*() const { return *m_object; }
-  T* operator->() const { return m_object; }
+  // The object; throws exceptions::logic_error "unreferanced object" for an empty pointer
+  // (the spelling is the library's message text and is kept).
+  T& operator*() const {
+    if (m_object == nullptr) MOTA_THROW(exceptions::logic_error, "unreferanced object");
+    return *m_object;
+  }
+  // As operator*.
+  T* operator->() const {
+    if (m_object == nullptr) MOTA_THROW(exceptions::logic_error, "unreferanced object");
+    return m_object;
+  }
   explicit operator bool() const { return m_object != nullptr; }
   // How many shared_pointers own the object; 0 for an empty pointer.
   std::int32_t use_count() const { return m_count != nullptr ? *m_count : 0; }

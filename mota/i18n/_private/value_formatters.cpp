@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -57,13 +58,30 @@ bool is_set(std::string_view value) {
   return !value.empty() && value != "false" && value != "0";
 }
 
-// strtol of a piece that is not zero-terminated; anything that is no number reads as 0.
+// strtol(text, nullptr, 10) of a piece that is not zero-terminated, read in place at any
+// length: leading white space (C locale), an optional sign, then decimal digits; a value out
+// of range gives LONG_MAX or LONG_MIN, and anything that is no number reads as 0.
 long read_long(std::string_view text) {
-  char buf[32];
-  std::size_t n = text.size() < sizeof(buf) - 1 ? text.size() : sizeof(buf) - 1;
-  std::memcpy(buf, text.data(), n);
-  buf[n] = '\0';
-  return std::strtol(buf, nullptr, 10);
+  std::size_t pos = 0;
+  const std::size_t size = text.size();
+  while (pos < size && (text[pos] == ' ' || (text[pos] >= '\t' && text[pos] <= '\r')))
+    ++pos;
+  bool negative = false;
+  if (pos < size && (text[pos] == '+' || text[pos] == '-')) negative = text[pos++] == '-';
+  // Accumulated as a negative number, whose range includes LONG_MIN.
+  long value = 0;
+  bool overflow = false;
+  for (; pos < size && text[pos] >= '0' && text[pos] <= '9'; ++pos) {
+    int digit = text[pos] - '0';
+    if (value < (LONG_MIN + digit) / 10) {
+      overflow = true;
+    } else {
+      value = value * 10 - digit;
+    }
+  }
+  if (overflow) return negative ? LONG_MIN : LONG_MAX;
+  if (negative) return value;
+  return value == LONG_MIN ? LONG_MAX : -value;
 }
 
 int clamp_int(long value, int high) {

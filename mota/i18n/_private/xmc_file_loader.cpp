@@ -534,6 +534,7 @@ void xmc_file_loader::reset() {
   m_base_directory = "./";
   m_catalog_id.clear();
   m_open_files.clear();
+  m_loaded.clear();
 }
 
 load_error xmc_file_loader::parse(const strings::ustring8& file) {
@@ -555,20 +556,61 @@ load_error xmc_file_loader::parse(const strings::ustring8& file, const strings::
   return parse_file(file);
 }
 
+// Counts a running parse_string; the outermost one to end forgets the files read.
+class xmc_file_loader::parse_scope {
+ public:
+  explicit parse_scope(xmc_file_loader& loader) : m_loader(loader) { ++m_loader.m_nesting; }
+  ~parse_scope() {
+    if (--m_loader.m_nesting == 0) m_loader.m_loaded.clear();
+  }
+  parse_scope(const parse_scope&) = delete;
+  parse_scope& operator=(const parse_scope&) = delete;
+
+ private:
+  xmc_file_loader& m_loader;
+};
+
+void xmc_file_loader::note_included_height(unsigned int height) {
+  if (!m_open_files.empty() && m_open_files.back().height < height + 1) {
+    m_open_files.back().height = height + 1;
+  }
+}
+
 load_error xmc_file_loader::parse_file(const strings::ustring8& path) {
   if (!system::io::exists(path)) return load_error(file_not_found, path);
 
   // Refuse include cycles and runaway nesting before reading anything.
   strings::ustring8 identity = file_identity(path);
   bool cycle = false;
-  for (const strings::ustring8& open : m_open_files) {
-    if (open == identity) cycle = true;
+  for (const open_file& open : m_open_files) {
+    if (open.identity == identity) cycle = true;
   }
   if (cycle || m_open_files.size() >= max_include_depth) {
     load_error e(unexpected_parse_error,
                  cycle ? "The file includes itself." : "Includes are nested too deeply.");
     e.append_error_stack(load_error::in_file, path);
     return e;
+  }
+
+  std::size_t cut = path.find_last_of("/\\");
+  strings::ustring8 base = cut == strings::ustring8::npos
+                               ? strings::ustring8("./")
+                               : strings::ustring8(path.substr(0, cut + 1));
+  // An included file read before adds nothing, unless reading it here would reach the depth
+  // bound. Files are told apart by their directory entry (the resolved directory and the
+  // name in it), not by what a final link points to: system::load_file refuses a link, and
+  // a link to a file read before must still be refused.
+  const bool included = m_nesting != 0;
+  std::string key;
+  if (included) {
+    key = file_identity(base);
+    key.push_back('\0');
+    key.append(path, cut == strings::ustring8::npos ? 0 : cut + 1, strings::ustring8::npos);
+    auto found = m_loaded.find(key);
+    if (found != m_loaded.end() && m_open_files.size() + found->second < max_include_depth) {
+      note_included_height(found->second);
+      return load_error();
+    }
   }
 
   strings::ustring8 content;
@@ -578,17 +620,27 @@ load_error xmc_file_loader::parse_file(const strings::ustring8& path) {
     // A file too large for a string.
     return load_error(file_not_found, path);
   }
-  std::size_t cut = path.find_last_of("/\\");
-  m_base_directory = cut == strings::ustring8::npos ? strings::ustring8("./")
-                                                    : strings::ustring8(path.substr(0, cut + 1));
-  m_open_files.push_back(identity);
-  load_error result = parse_string(content, path);
+  m_base_directory = base;
+  m_open_files.push_back(open_file{identity, 0});
+  load_error result;
+  try {
+    result = parse_string(content, path);
+  } catch (...) {
+    m_open_files.pop_back();
+    throw;
+  }
+  unsigned int height = m_open_files.back().height;
   m_open_files.pop_back();
+  if (included && result.type == no_error) {
+    m_loaded[key] = height;
+    note_included_height(height);
+  }
   return result;
 }
 
 load_error xmc_file_loader::parse_string(const strings::ustring8& content,
                                          const strings::ustring8& file) {
+  parse_scope scope(*this);
   parser::xml_token_stream tokens;
   parser::xml_parser::parse_error parse_result = tokens.parse(content);
   if (static_cast<int>(parse_result.type) != 0) {

@@ -20,6 +20,8 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace MOTA_2_18 {
@@ -80,6 +82,11 @@ class MOTA_API xmc_file_loader {
 
   // Includes nested deeper than this are refused.
   static constexpr unsigned int max_include_depth = 32;
+  // Within one parse, a file that was already read completely from the same directory is
+  // not read again: what it would store again never outweighs what it stored the first time
+  // (set_message keeps the first of equal weight), and a diamond of includes then costs one
+  // read per file instead of one per path. A file that would now run into the depth bound
+  // is read again, so that the same error is reported as without the shortcut.
 
   xmc_file_loader();
   ~xmc_file_loader();
@@ -130,13 +137,29 @@ class MOTA_API xmc_file_loader {
 
   // set_message for a message the caller no longer needs.
   void store_message(message_t&& message, const strings::ustring8& catalog);
+  // Records that the file being read includes one whose include height is `height`.
+  void note_included_height(unsigned int height);
+
+  // A file being read: its identity and the deepest nesting of includes found below it so
+  // far (0 for a file that includes nothing).
+  struct open_file {
+    strings::ustring8 identity;
+    unsigned int height;
+  };
+  class parse_scope;
 
   std::vector<strings::ustring8> m_languages;
   data_map m_data;
   strings::ustring8 m_base_directory;
   strings::ustring8 m_catalog_id;
   // The files being read, outermost first, to refuse include cycles.
-  std::vector<strings::ustring8> m_open_files;
+  std::vector<open_file> m_open_files;
+  // The included files read completely in the current parse, keyed by their resolved
+  // directory and name, with their include heights. Emptied when the outermost parse_string
+  // returns.
+  std::unordered_map<std::string, unsigned int> m_loaded;
+  // How many parse_string calls are running (0 outside any parse).
+  unsigned int m_nesting = 0;
 };
 
 }  // namespace _private
