@@ -5,6 +5,7 @@
 #include <mota/version.hpp>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,9 +39,11 @@ void write_file(const std::string& path, const std::string& content) {
 
 // Runs the tool with `args`, `input` on standard input, either the test's own environment or
 // exactly `env` (plus the sanitizer settings, so sanitized builds keep them), in the working
-// directory `cwd` (the test's own when empty).
+// directory `cwd` (the test's own when empty). With `alarm_seconds`, the tool is killed by
+// SIGALRM (code 142) when it runs longer, for cases where the fault is that it never returns.
 run_result run(const std::vector<std::string>& args, const std::string& input = "",
-               const std::vector<std::string>* env = nullptr, const std::string& cwd = "") {
+               const std::vector<std::string>* env = nullptr, const std::string& cwd = "",
+               unsigned alarm_seconds = 0) {
   mota_test::temp_dir dir;
   const std::string in_path = dir / "in", out_path = dir / "out", err_path = dir / "err";
   write_file(in_path, input);
@@ -78,6 +81,7 @@ run_result run(const std::vector<std::string>& args, const std::string& input = 
     dup2(in, 0);
     dup2(out, 1);
     dup2(err, 2);
+    if (alarm_seconds != 0) alarm(alarm_seconds);  // kept across execve
     execve(argv[0], argv.data(), env ? envp.data() : environ);
     _exit(127);
   }
@@ -705,6 +709,21 @@ TEST(ToolConfig, DumpListsEverySource) {
   for (const char* word : {"port", "colours", "clients", "from", "env"}) {
     EXPECT_NE(std::string::npos, r.out.find(word)) << word;
   }
+}
+
+// A FIFO that no one writes to is refused like any file that cannot be read, at once.
+TEST(ToolFiles, AFifoIsUnreadableAndNeverWaitedOn) {
+  mota_test::temp_dir dir;
+  const std::string fifo = dir / "fifo.cfg";  // the extension keeps config from adding one
+  ASSERT_EQ(0, mkfifo(fifo.c_str(), 0600));
+  run_result r = run({"xml", "check", fifo}, "", nullptr, "", 20);
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("mota: cannot read \"" + fifo + "\"\n", r.err);
+  const std::vector<std::string> env{"x=1"};
+  r = run({"config", "get", "x", "--file", fifo}, "", &env, "", 20);
+  EXPECT_EQ(0, r.code);
+  EXPECT_EQ("1\n", r.out);
+  EXPECT_EQ("mota: warning: cannot read configuration file \"" + fifo + "\"\n", r.err);
 }
 
 }  // namespace

@@ -10,10 +10,14 @@
 #include <boost/system/error_code.hpp>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <ctime>
 
 namespace MOTA_2_18 {
 namespace system {
@@ -51,25 +55,220 @@ bool is_dot_entry(const char* name) {
   return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
 }
 
+// Owns a descriptor and closes it on every way out, exceptions included. Where the result of the
+// close matters, close() reports it instead.
+class descriptor {
+ public:
+  explicit descriptor(int fd = -1) : fd_(fd) {}
+  ~descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  descriptor(const descriptor&) = delete;
+  descriptor& operator=(const descriptor&) = delete;
+
+  int get() const { return fd_; }
+  bool valid() const { return fd_ >= 0; }
+  void reset(int fd) {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = fd;
+  }
+  // A failed close is a failed write: the data may not have reached the file.
+  bool close() {
+    const int fd = fd_;
+    fd_ = -1;
+    return ::close(fd) == 0;
+  }
+
+ private:
+  int fd_;
+};
+
+bool clear_nonblocking(int fd) {
+  const int flags = ::fcntl(fd, F_GETFL);
+  return flags != -1 && ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) != -1;
+}
+
+// Only a regular file is read. The open does not wait: a FIFO without a writer would block a
+// plain open for ever, and a device could, so the descriptor is opened non-blocking and judged by
+// what it turned out to be. O_NOFOLLOW refuses a symbolic link on the descriptor itself, which
+// leaves no gap between the check and the open.
 template <class Content>
 int load_into(const std::string& path, Content& content) {
-  std::ifstream stream;
-  if (!safe_iopen<strings::ustring8>(path, stream) || stream.fail() || stream.bad()) return 1;
-  // A directory opens as a stream on Linux, but its "size" is meaningless; refuse it.
+  descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+  if (!file.valid()) return 1;
   struct stat64 info;
-  if (::stat64(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return 1;
-  stream.seekg(0, std::ios::end);
-  const std::int64_t size = static_cast<std::int64_t>(stream.tellg());
-  if (size < 0) return 1;
+  if (::fstat64(file.get(), &info) != 0 || !S_ISREG(info.st_mode)) return 1;
+  const std::int64_t size = static_cast<std::int64_t>(info.st_size);
   if (size >= std::int64_t(1) << 31)
     MOTA_THROW_AS(
         exceptions::runtime_error,
         generic::convert::to_str(static_cast<long long>(size)) + " is large than a string can hold",
         "load_file");
-  content.resize(static_cast<std::size_t>(size));
-  stream.seekg(0, std::ios::beg);
-  if (size > 0) stream.read(&content[0], static_cast<std::streamsize>(size));
-  stream.close();
+  if (!clear_nonblocking(file.get())) return 1;
+  // Read into a buffer of its own so that a failed read leaves `content` untouched. A file that
+  // shrinks meanwhile yields what it still holds; one that grows, its first `size` bytes.
+  Content buffer;
+  buffer.resize(static_cast<std::size_t>(size));
+  std::size_t done = 0;
+  while (done < buffer.size()) {
+    const ssize_t got = ::read(file.get(), &buffer[done], buffer.size() - done);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return 1;
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  buffer.resize(done);
+  content.swap(buffer);
+  return 0;
+}
+
+bool write_all(int fd, const std::string& content) {
+  const char* data = content.data();
+  std::size_t left = content.size();
+  while (left > 0) {
+    const ssize_t put = ::write(fd, data, left);
+    if (put < 0 && errno == EINTR) continue;
+    if (put <= 0) return false;
+    data += put;
+    left -= static_cast<std::size_t>(put);
+  }
+  return true;
+}
+
+bool sync(int fd) {
+  while (::fsync(fd) != 0)
+    if (errno != EINTR) return false;
+  return true;
+}
+
+// Writes the content over whatever the descriptor holds and closes it; false when any write,
+// the fsync (files and block devices; character devices have nothing to sync) or the close
+// failed.
+bool write_and_close(descriptor& file, const std::string& content, bool synced) {
+  const bool written = write_all(file.get(), content) && (!synced || sync(file.get()));
+  return file.close() && written;
+}
+
+// The old way, kept for when no temporary file can be made beside the target: rewrite the file
+// where it is. Character and block devices always take this way, since replacing their node would
+// not write to them at all. FIFOs, sockets and directories are refused; the open is non-blocking
+// and O_NOFOLLOW, so neither a FIFO nor a link put there meanwhile is waited on or followed, and
+// only a regular file is truncated, after it has been seen to be one.
+int store_in_place(int directory, const char* name, const std::string& content) {
+  descriptor file(::openat(
+      directory, name, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666));
+  if (!file.valid()) return 1;
+  struct stat64 info;
+  if (::fstat64(file.get(), &info) != 0) return 1;
+  const bool regular = S_ISREG(info.st_mode);
+  if (!regular && !S_ISCHR(info.st_mode) && !S_ISBLK(info.st_mode)) return 1;
+  if (!clear_nonblocking(file.get())) return 1;
+  if (regular && ::ftruncate64(file.get(), 0) != 0) return 1;
+  return write_and_close(file, content, !S_ISCHR(info.st_mode)) ? 0 : 1;
+}
+
+// A name for the temporary file beside the target: ".<name>.XXXXXX" with six letters or digits
+// that differ on every try.
+std::string temporary_name(const std::string& name, unsigned attempt) {
+  static const char letters[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  std::uint64_t bits = static_cast<std::uint64_t>(now.tv_nsec) ^
+                       (static_cast<std::uint64_t>(now.tv_sec) << 30) ^
+                       (static_cast<std::uint64_t>(::getpid()) << 20) ^
+                       (std::uint64_t(attempt) * 0x9E3779B97F4A7C15ull);
+  bits ^= bits >> 31;
+  bits *= 0xBF58476D1CE4E5B9ull;
+  bits ^= bits >> 29;
+  std::string result = "." + name + ".";
+  for (int i = 0; i < 6; ++i, bits /= 62)
+    result += letters[bits % 62];
+  return result;
+}
+
+// The errors of creating the temporary that leave an in-place write worth trying: the directory
+// is not writable, or the longer name does not fit.
+bool directory_refuses_temporary(int error) {
+  return error == EACCES || error == EPERM || error == EROFS || error == ENAMETOOLONG;
+}
+
+// Replaces the file as a whole: the content goes to a new file beside it, is synced, gets the old
+// file's owner and permission bits, and is renamed over the target, so a crash, a kill or a full
+// disk leaves either the old file or the new one, never a part of either.
+//
+// Links: a symbolic link at the path is refused, as before. The check and the rename are not one
+// step, but the rename never follows anything: it replaces the directory entry itself, so a link
+// swapped in meanwhile is replaced by the new file, and whatever it pointed to is never written.
+// The temporary is created with O_EXCL, which refuses a link of that name too. All names are
+// resolved relative to one descriptor of the directory, so the directory cannot change under us
+// between the steps either.
+int store_to(const std::string& path, const std::string& content) {
+  const std::size_t slash = path.rfind('/');
+  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+  // "" and "dir/" name no file; a plain open for writing fails on them as well.
+  if (name.empty()) return 1;
+  const std::string directory_path = slash == std::string::npos ? std::string(".")
+                                     : slash == 0               ? "/"
+                                                                : path.substr(0, slash);
+  const descriptor directory(::open(directory_path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!directory.valid()) return 1;
+
+  struct stat64 old_file;
+  bool existing = false;
+  if (::fstatat64(directory.get(), name.c_str(), &old_file, AT_SYMLINK_NOFOLLOW) == 0) {
+    if (S_ISLNK(old_file.st_mode)) return 1;
+    if (S_ISCHR(old_file.st_mode) || S_ISBLK(old_file.st_mode))
+      return store_in_place(directory.get(), name.c_str(), content);
+    if (!S_ISREG(old_file.st_mode)) return 1;  // FIFO, socket, directory: never opened
+    // Renaming needs only the directory's permission; the file must be writable too, as it
+    // would have to be for a plain open, or a read-only file would be replaced.
+    descriptor probe(::openat(directory.get(), name.c_str(),
+                              O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!probe.valid() || ::fstat64(probe.get(), &old_file) != 0 || !S_ISREG(old_file.st_mode))
+      return 1;
+    existing = true;
+  } else if (errno != ENOENT) {
+    return 1;
+  }
+
+  // Mode 0666 lets the umask and the directory's default ACL shape a new file as a plain create
+  // would; an existing file's bits are copied below.
+  std::string temporary;
+  descriptor file;
+  for (unsigned attempt = 0; attempt < 100 && !file.valid(); ++attempt) {
+    temporary = temporary_name(name, attempt);
+    file.reset(::openat(directory.get(), temporary.c_str(),
+                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    if (!file.valid() && errno != EEXIST) break;
+  }
+  if (!file.valid())
+    return directory_refuses_temporary(errno)
+               ? store_in_place(directory.get(), name.c_str(), content)
+               : 1;
+  const auto discard = [&] { ::unlinkat(directory.get(), temporary.c_str(), 0); };
+
+  if (existing) {
+    // A file that cannot keep its owner or its bits is rewritten in place, which keeps both.
+    struct stat64 fresh;
+    const bool kept = ::fstat64(file.get(), &fresh) == 0 &&
+                      ((fresh.st_uid == old_file.st_uid && fresh.st_gid == old_file.st_gid) ||
+                       ::fchown(file.get(), old_file.st_uid, old_file.st_gid) == 0) &&
+                      ::fchmod(file.get(), old_file.st_mode & 07777) == 0;
+    if (!kept) {
+      file.close();
+      discard();
+      return store_in_place(directory.get(), name.c_str(), content);
+    }
+  }
+  if (!write_and_close(file, content, true) ||
+      ::renameat(directory.get(), temporary.c_str(), directory.get(), name.c_str()) != 0) {
+    discard();
+    return 1;
+  }
+  // Make the rename itself durable; the file is complete either way, so a failure here is not
+  // one of the store.
+  descriptor listing(::openat(directory.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (listing.valid()) sync(listing.get());
   return 0;
 }
 
@@ -179,11 +378,7 @@ int load_file(const strings::ustring8& path, std::string& content) {
 }
 
 int store_file(const strings::ustring8& path, const strings::ustring8& content) {
-  std::ofstream stream;
-  if (!safe_oopen<strings::ustring8>(path, stream) || stream.fail()) return 1;
-  stream.write(content.data(), static_cast<std::streamsize>(content.size()));
-  stream.close();
-  return 0;
+  return store_to(path, content);
 }
 
 bool create_directory(const strings::ustring8& path) {

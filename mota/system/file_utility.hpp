@@ -24,9 +24,10 @@ namespace system {
 // and behave alike. Paths reach the system as their bytes, without normalisation.
 
 // Reads the whole file, byte for byte (no byte-order-mark handling), into `content` and
-// returns 0. Returns 1 and leaves `content` untouched when the path is a symbolic link, a
-// directory, or cannot be opened. Throws exceptions::runtime_error "<size> is large than a
-// string can hold" for a file of 2^31 bytes or more.
+// returns 0. Returns 1 and leaves `content` untouched when the path is a symbolic link or
+// anything but a regular file (a directory, a FIFO, a device), cannot be opened, or a read
+// fails; it never waits for a FIFO's writer. Throws exceptions::runtime_error "<size> is large
+// than a string can hold" for a file of 2^31 bytes or more.
 MOTA_API int load_file(const strings::ustring8& path, strings::ustring8& content);
 MOTA_API int load_file(const strings::ustring8& path, std::string& content);
 MOTA_API int load_file(const strings::ustring16& path, strings::ustring8& content);
@@ -34,8 +35,12 @@ MOTA_API int load_file(const strings::ustring16& path, std::string& content);
 MOTA_API int load_file(const strings::ustring32& path, strings::ustring8& content);
 MOTA_API int load_file(const strings::ustring32& path, std::string& content);
 
-// Writes `content` as the whole file (truncating it) and returns 0; returns 1 when the path
-// is a symbolic link or cannot be opened for writing.
+// Writes `content` as the whole file and returns 0. The content goes to a temporary file
+// beside the target (".<name>.XXXXXX"), is synced and renamed over it with the old file's
+// owner and permission bits, so a crash or a failure leaves the old file as it was. Where the
+// directory takes no new file, a writable file is rewritten in place, as is a character or block
+// device. Returns 1, with no temporary left, when the path is a symbolic link, a FIFO, a socket
+// or a directory, the file or directory cannot be written, or any write, sync or close fails.
 MOTA_API int store_file(const strings::ustring8& path, const strings::ustring8& content);
 MOTA_API int store_file(const strings::ustring16& path, const strings::ustring8& content);
 MOTA_API int store_file(const strings::ustring32& path, const strings::ustring8& content);

@@ -4,14 +4,21 @@
 
 #include <mota_test.hpp>
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
 
 #include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -32,6 +39,19 @@ std::string read_bytes(const std::string& path) {
 
 void make_link(const std::string& target, const std::string& link) {
   ASSERT_EQ(0, ::symlink(target.c_str(), link.c_str())) << link;
+}
+
+mode_t mode_of(const std::string& path) {
+  struct stat info;
+  return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
+}
+
+// The names in the directory, so that a test can tell that no temporary file was left.
+std::multiset<std::string> names_in(const std::string& directory) {
+  std::multiset<std::string> names;
+  for (const auto& entry : fs::directory_iterator(directory))
+    names.insert(entry.path().filename().string());
+  return names;
 }
 
 std::multiset<std::string> as_set(const std::vector<ustring8>& paths) {
@@ -117,6 +137,26 @@ TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
   }
 }
 
+TEST(LoadFile, FifosAndDevicesAreRefusedWithoutBlocking) {
+  mota_test::temp_dir dir;
+  ASSERT_EQ(0, ::mkfifo((dir / "fifo").c_str(), 0600));
+  // No writer ever opens the FIFO: a reader that waits for one never comes back.
+  EXPECT_EXIT(
+      {
+        ::alarm(10);
+        ustring8 content = "untouched";
+        std::string plain = "untouched";
+        const bool refused = sys::load_file(dir / "fifo", content) == 1 &&
+                             sys::load_file(dir / "fifo", plain) == 1 &&
+                             sys::store_file(dir / "fifo", "x") == 1;
+        std::exit(refused && content == "untouched" && plain == "untouched" ? 0 : 1);
+      },
+      ::testing::ExitedWithCode(0), "");
+  std::string content = "untouched";
+  EXPECT_EQ(1, sys::load_file("/dev/zero", content));  // endless: its size says nothing
+  EXPECT_EQ("untouched", content);
+}
+
 TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   mota_test::temp_dir dir;
   const std::string path = dir / "out.bin";
@@ -133,6 +173,92 @@ TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   EXPECT_EQ(1, sys::store_file(dir / "dangling", "x"));
   EXPECT_FALSE(fs::exists(dir / "nowhere"));
   EXPECT_EQ(1, sys::store_file(dir / "no/such/dir", "x"));
+}
+
+TEST(StoreFile, EveryFailedWriteIsReported) {
+  EXPECT_EQ(1, sys::store_file("/dev/full", "x"));
+  EXPECT_EQ(0, sys::store_file("/dev/null", "x"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(StoreFile, AFailureMidwayKeepsTheOldFileAndLeavesNoTemporary) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "settings.cfg";
+  write_bytes(path, "old content");
+  // The file size limit makes the write fail after 1 KiB, as a full disk would.
+  const rlimit limit = {1024, 1024};
+  EXPECT_EXIT(
+      {
+        ::signal(SIGXFSZ, SIG_IGN);
+        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) std::exit(2);
+        std::exit(sys::store_file(path, std::string(64 * 1024, 'n')));
+      },
+      ::testing::ExitedWithCode(1), "");
+  EXPECT_EQ("old content", read_bytes(path));
+  EXPECT_EQ(std::multiset<std::string>{"settings.cfg"}, names_in(dir.str()));
+}
+
+TEST(StoreFile, KeepsPermissionBitsAndFallsBackInPlace) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "private.cfg";
+  write_bytes(path, "old");
+  ::chmod(path.c_str(), 0604);
+  EXPECT_EQ(0, sys::store_file(path, "new"));
+  EXPECT_EQ("new", read_bytes(path));
+  EXPECT_EQ(0604u, mode_of(path));
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  EXPECT_EQ(0, sys::store_file(dir / "fresh.cfg", "new"));
+  EXPECT_EQ(0666u & ~mask, mode_of(dir / "fresh.cfg"));
+
+  // No room for the temporary's longer name: the file is rewritten where it is.
+  const std::string long_name = dir / std::string(250, 'l');
+  write_bytes(long_name, "old");
+  EXPECT_EQ(0, sys::store_file(long_name, "new"));
+  EXPECT_EQ("new", read_bytes(long_name));
+
+  if (::geteuid() == 0) return;  // root creates files in any directory
+  ::chmod(dir.str().c_str(), 0555);
+  EXPECT_EQ(0, sys::store_file(path, "in place"));
+  EXPECT_EQ("in place", read_bytes(path));
+  EXPECT_EQ(1, sys::store_file(dir / "new.cfg", "x"));
+  ::chmod(path.c_str(), 0444);
+  EXPECT_EQ(1, sys::store_file(path, "refused"));
+  EXPECT_EQ("in place", read_bytes(path));
+  ::chmod(dir.str().c_str(), 0755);
+  EXPECT_EQ(1, sys::store_file(path, "refused"));  // a read-only file stays read-only
+  EXPECT_EQ("in place", read_bytes(path));
+  EXPECT_EQ((std::multiset<std::string>{"fresh.cfg", "private.cfg", std::string(250, 'l')}),
+            names_in(dir.str()));
+}
+
+// A link swapped in after the check must never be written through.
+TEST(StoreFile, ALinkSwappedInIsNeverFollowed) {
+  mota_test::temp_dir dir;
+  const std::string target = dir / "target", pointee = dir / "pointee";
+  write_bytes(pointee, "pointee");
+  write_bytes(target, "file");
+  std::atomic<bool> stop{false};
+  // The swapper flips the target between the file and a link with one exchange at a time, and
+  // puts a link back beside it whenever a store has replaced the one it had.
+  std::thread swapper([&] {
+    const std::string other = dir / "other", fresh = dir / "fresh";
+    const auto is_link = [](const std::string& path) {
+      struct stat info;
+      return ::lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+    };
+    while (!stop) {
+      if (!is_link(other) && !is_link(target) && ::symlink(pointee.c_str(), fresh.c_str()) == 0)
+        ::rename(fresh.c_str(), other.c_str());
+      ::renameat2(AT_FDCWD, other.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE);
+    }
+  });
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  while (std::chrono::steady_clock::now() < end)
+    sys::store_file(target, "written");
+  stop = true;
+  swapper.join();
+  EXPECT_EQ("pointee", read_bytes(pointee));
 }
 
 TEST(SafeOpen, LinksAreRefusedOtherFailuresShowInTheStream) {
