@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -433,6 +436,20 @@ TEST(XmcLoader, ALinkToAFileReadBeforeIsStillRefused) {
   load_error e = loader.parse(tmp / "top.xmc", "en");
   EXPECT_EQ(3, e.type);
   EXPECT_EQ(kPrefix + "File \"" + tmp / "link.xmc" + "\" was not found on disk" +
+                in_file(tmp / "top.xmc"),
+            e.message);
+}
+
+TEST(XmcLoader, AnIncludedFifoIsNotFoundAndNeverWaitedOn) {
+  mota_test::temp_dir tmp;
+  ASSERT_EQ(0, ::mkfifo((tmp / "pipe.xmc").c_str(), 0600));
+  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"pipe.xmc\"/>");
+  xmc_file_loader loader;
+  ::alarm(10);  // a blocking open ends the test run instead of stalling it
+  load_error e = loader.parse(tmp / "top.xmc", "en");
+  ::alarm(0);
+  EXPECT_EQ(3, e.type);
+  EXPECT_EQ(kPrefix + "File \"" + tmp / "pipe.xmc" + "\" was not found on disk" +
                 in_file(tmp / "top.xmc"),
             e.message);
 }
