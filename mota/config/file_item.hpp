@@ -55,9 +55,12 @@ class MOTA_API file_item : public base_config_item {
   // - the value is not empty (the reader stores no empty value) and not nil;
   // - a key that is not an array does not end in "[]" (the reader takes it for an array).
   // Flags other than the array bits are not written: values come back with flags 0. An array
-  // comes back with the same elements, in the same order, under the same keys; its own value
-  // becomes the number of elements named "0", "1", ... that lead the list. An empty element
-  // is not written; a key stored directly below an array, not among its elements, stays so.
+  // comes back with the same elements, in the same order, under the same keys, and with its
+  // own value (the element count set_array stores) as long as that many elements named "0",
+  // "1", ... with non-empty texts lead the list; an array read from a file always qualifies.
+  // An empty element is not written; a key stored directly below an array, not among its
+  // elements, stays so. A configuration read from a file is therefore saved and read back
+  // unchanged, key by key, with flags and element order.
   //
   // What cannot be carried is changed as little as possible, and never at the cost of another
   // key: a quote with no backslash before it gets one (`say "hi"` comes back as

@@ -113,6 +113,19 @@ std::string written(const std::string& text, place where) {
   return string_tokens(text);
 }
 
+// The number an array node holds as its value, or the largest size when it holds none.
+std::size_t count_of(const types::variant& value) {
+  constexpr std::size_t none = static_cast<std::size_t>(-1);
+  const std::string text = value.as_string();
+  if (text.empty() || text.size() > 18) return none;
+  unsigned long long count = 0;
+  for (const char c : text) {
+    if (!is_digit(static_cast<unsigned char>(c))) return none;
+    count = count * 10 + static_cast<unsigned long long>(c - '0');
+  }
+  return count > none ? none : static_cast<std::size_t>(count);
+}
+
 bool ends_with_brackets(const std::string& key) {
   return key.size() >= 2 && key.compare(key.size() - 2, 2, "[]") == 0;
 }
@@ -159,10 +172,12 @@ class writer {
   // Writes the node under the key and, for an array, its elements, the elements of those
   // that are arrays, and so on; a stack, not recursion, since the nesting comes from the data.
   void emit(const std::string& root) {
-    std::vector<std::string> pending{root};
+    // Keys to write, each with whether its array line wrote it already as an element.
+    std::vector<std::pair<std::string, bool>> pending{{root, false}};
     std::vector<std::pair<strings::ustring8, node_t>> items;
     while (!pending.empty()) {
-      const std::string key = std::move(pending.back());
+      const std::string key = std::move(pending.back().first);
+      const bool on_parent_line = pending.back().second;
       pending.pop_back();
       if (!m_done.insert(key).second) continue;
       const node_t* node = m_tree.get_node(key);
@@ -170,19 +185,21 @@ class writer {
       if (!config_tree::is_array(node->first)) {
         if (node->second == types::nil) continue;
         const std::string text = carriable(node->second.as_string());
-        if (!text.empty()) line(key, written(text, place::value), 0, false);
+        if (!text.empty()) line(key, written(text, place::value), 0, false, false);
         continue;
       }
 
       // The reader numbers the elements of an array line "0", "1", ...: elements named so go
       // on the line, up to the first that is not or whose text is empty (the reader drops
-      // empty elements). The others follow as keys of their own, which the reader appends to
-      // the array in the order read.
+      // empty elements), and no more than the array's own value counts (the reader sets it to
+      // the length of the line). The others follow as keys of their own, which the reader
+      // appends to the array in the order read.
       items.clear();
       m_tree.get_array(key, items);
       std::string values;
       std::size_t on_line = 0;
-      for (; on_line < items.size(); ++on_line) {
+      const std::size_t limit = std::min(items.size(), count_of(node->second));
+      for (; on_line < limit; ++on_line) {
         if (items[on_line].first != std::to_string(on_line)) break;
         const std::string text = carriable(items[on_line].second.second.as_string());
         if (text.empty()) break;
@@ -190,16 +207,19 @@ class writer {
         values += written(text, place::element);
       }
       // An array line must end with element text, or the reader would go on to the next line.
-      if (!line(key, on_line == 0 ? std::string("\"\"") : values, on_line, true)) continue;
+      if (!line(key, on_line == 0 ? std::string("\"\"") : values, on_line, true, on_parent_line))
+        continue;
 
       const std::size_t mark = pending.size();
       for (std::size_t i = 0; i < items.size(); ++i) {
         std::string element = key + "." + items[i].first;
         // An element on the line that is an array itself gets an array line of its own.
-        if (i < on_line && !config_tree::is_array(items[i].second.first))
-          m_done.insert(std::move(element));
+        if (i >= on_line)
+          pending.emplace_back(std::move(element), false);
+        else if (config_tree::is_array(items[i].second.first))
+          pending.emplace_back(std::move(element), true);
         else
-          pending.push_back(std::move(element));
+          m_done.insert(std::move(element));
       }
       std::reverse(pending.begin() + static_cast<std::ptrdiff_t>(mark), pending.end());
     }
@@ -209,15 +229,17 @@ class writer {
   // its last dot. False, writing nothing, when the key cannot be written without changing
   // another one: a key whose text had to change and now meets a key of the tree (for an
   // array, one of the elements on its line too), a key written already, or a scalar key that
-  // ends in "[]", which the reader takes for an array.
-  bool line(const std::string& key, const std::string& rest, std::size_t on_line, bool array) {
+  // ends in "[]", which the reader takes for an array. An element array whose parent's line
+  // holds it already gets its own line all the same.
+  bool line(const std::string& key, const std::string& rest, std::size_t on_line, bool array,
+            bool on_parent_line) {
     const std::string name = carriable(key);
     if (!array && ends_with_brackets(name)) return false;
     const bool changed = name != key;
     const auto taken = [&](const std::string& k) {
       return m_written.count(k) != 0 || (changed && m_tree.get_node(k) != nullptr);
     };
-    if (taken(name)) return false;
+    if (!on_parent_line && taken(name)) return false;
     for (std::size_t i = 0; i < on_line; ++i)
       if (taken(name + "." + std::to_string(i))) return false;
     m_written.insert(name);
