@@ -294,6 +294,13 @@ TEST(ConfigFileItem, DeepKeys) {
   item.dump(dump);
   EXPECT_NE(std::string::npos, dump.str().find(key + ".a|\t\tset\n"));
 
+  const std::string argument = "-" + key + "=v";
+  const char* const argv[] = {"prog", argument.c_str(), nullptr};
+  mota::config::commandline_item line(2, argv);
+  line.load();
+  ASSERT_NE(nullptr, line.get_value(key));
+  EXPECT_EQ("v", line.get_value(key)->second.as_string());
+
   std::unique_ptr<file_item> copy(item.clone());
   const file_item reread = saved_and_loaded(*copy);
   EXPECT_EQ(render(item), render(reread));
