@@ -1,16 +1,32 @@
-// The command-line item over argument vectors split from the input at NUL and line feed bytes,
-// then every stored key looked up as an indirection through a manager.
+// The command-line item.
+//
+// An input that does not start with a NUL byte is split into arguments at NUL and line feed
+// bytes; the item must load them without failing, and every stored key is then looked up as
+// an indirection through a manager.
+//
+// An input that starts with a NUL byte makes arguments of the plain form "-key=value" (also
+// "/key", ":" and ":="): distinct keys of letters, digits and underscores, values of any bytes
+// but NUL. A reader written here from the documented rules says what the item must hold: a
+// value with a "," is an array of its non-empty pieces, any other value is stored as it is.
 #include <mota/config/commandline_item.hpp>
 #include <mota/config/config_manager.hpp>
 #include <mota/config/user_item.hpp>
 
+#include <fuzzer/FuzzedDataProvider.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace {
+
+using mota::config::config_tree;
+using mota::strings::ustring8;
 
 class copy_dispatch : public mota::config::config_dispatch {
  public:
@@ -25,6 +41,124 @@ class copy_dispatch : public mota::config::config_dispatch {
   const mota::config::base_config_item& m_item;
 };
 
+// An argument vector over the arguments and the item loaded from it.
+struct command_line {
+  std::vector<const char*> argv;
+  mota::config::commandline_item item;
+
+  explicit command_line(const std::vector<std::string>& arguments)
+      : argv(pointers(arguments)), item(static_cast<unsigned>(arguments.size()), argv.data()) {
+    item.load();
+  }
+  static std::vector<const char*> pointers(const std::vector<std::string>& arguments) {
+    std::vector<const char*> out;
+    for (const std::string& argument : arguments)
+      out.push_back(argument.c_str());
+    out.push_back(nullptr);
+    return out;
+  }
+};
+
+void arbitrary(const std::uint8_t* data, std::size_t size) {
+  std::vector<std::string> pieces(1);
+  for (std::size_t i = 0; i < size; ++i) {
+    const char c = static_cast<char>(data[i]);
+    if (c == '\0' || c == '\n')
+      pieces.emplace_back();
+    else
+      pieces.back() += c;
+  }
+  const command_line line(pieces);
+  const mota::config::commandline_item& item = line.item;
+
+  mota::config::user_item links;
+  std::vector<std::string> keys;
+  item.get_tree().visit([&](const std::string& key, const config_tree::node_t& node,
+                            const std::vector<std::string>&) {
+    keys.push_back(key);
+    const bool array = config_tree::is_array(node.first);
+    links.set(key, node.second, array ? node.first : config_tree::indirect_flag);
+  });
+  mota::config::config_manager manager;
+  manager.init(copy_dispatch(links));
+  for (const std::string& key : keys)
+    (void)manager.get_value(key);
+}
+
+bool word_byte(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+// The expectation for one key: a scalar text, or the pieces of an array.
+struct expected {
+  bool array;
+  std::string text;
+  std::vector<std::string> elements;
+};
+
+void plain(FuzzedDataProvider& input) {
+  std::vector<std::string> arguments{"prog"};
+  std::map<std::string, expected> want;
+  const std::size_t count = input.ConsumeIntegralInRange<std::size_t>(0, 12);
+  for (std::size_t i = 0; i < count; ++i) {
+    std::string key;
+    for (const char c : input.ConsumeRandomLengthString(12))
+      if (word_byte(c)) key += c;
+    std::string value;
+    for (const char c : input.ConsumeRandomLengthString(40))
+      if (c != '\0') value += c;
+    if (key.empty() || want.count(key) != 0) continue;
+
+    // "==" is an operator of its own and ":" before "=" makes ":=": a value starting with "="
+    // takes ":=" before it.
+    static const char* const separators[] = {"=", ":", ":="};
+    const char* separator = separators[input.ConsumeIntegralInRange<int>(0, 2)];
+    if (!value.empty() && value[0] == '=') separator = ":=";
+    arguments.push_back((input.ConsumeBool() ? "-" : "/") + key + separator + value);
+
+    expected& e = want[key];
+    e.array = value.find(',') != std::string::npos;
+    if (!e.array) {
+      e.text = value;
+      continue;
+    }
+    std::size_t begin = 0;
+    for (;;) {
+      const std::size_t comma = value.find(',', begin);
+      const std::string piece = value.substr(begin, comma - begin);
+      if (!piece.empty()) e.elements.push_back(piece);
+      if (comma == std::string::npos) break;
+      begin = comma + 1;
+    }
+  }
+
+  const command_line line(arguments);
+  const mota::config::commandline_item& item = line.item;
+  // "application.name" and "application.name.raw", both "prog"; no extension.
+  std::size_t nodes = 2;
+  for (const char* key : {"application.name", "application.name.raw"}) {
+    const config_tree::node_t* node = item.get_value(key);
+    if (node == nullptr || node->second.as_string() != "prog") std::abort();
+  }
+  for (const auto& [key, e] : want) {
+    const config_tree::node_t* node = item.get_value(ustring8(key));
+    if (node == nullptr || config_tree::is_array(node->first) != e.array) std::abort();
+    ++nodes;
+    if (!e.array) {
+      if (node->first != 0 || node->second.as_string() != e.text) std::abort();
+      continue;
+    }
+    std::vector<std::pair<ustring8, mota::types::variant>> elements;
+    if (!item.get_value_pair_array(ustring8(key), elements)) std::abort();
+    if (elements.size() != e.elements.size()) std::abort();
+    for (std::size_t i = 0; i < elements.size(); ++i)
+      if (elements[i].first != std::to_string(i) || elements[i].second.as_string() != e.elements[i])
+        std::abort();
+    nodes += elements.size();
+  }
+  if (item.get_tree().size() != nodes) std::abort();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -34,33 +168,11 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::vector<std::string> pieces(1);
-  for (std::size_t i = 0; i < size; ++i) {
-    const char c = static_cast<char>(data[i]);
-    if (c == '\0' || c == '\n')
-      pieces.emplace_back();
-    else
-      pieces.back() += c;
+  if (size != 0 && data[0] == 0) {
+    FuzzedDataProvider input(data + 1, size - 1);
+    plain(input);
+  } else {
+    arbitrary(data, size);
   }
-  std::vector<const char*> argv;
-  for (const std::string& piece : pieces)
-    argv.push_back(piece.c_str());
-  argv.push_back(nullptr);
-
-  mota::config::commandline_item item(static_cast<unsigned>(pieces.size()), argv.data());
-  item.load();
-
-  mota::config::user_item links;
-  std::vector<std::string> keys;
-  item.get_tree().visit([&](const std::string& key, const mota::config::config_tree::node_t& node,
-                            const std::vector<std::string>&) {
-    keys.push_back(key);
-    const bool array = mota::config::config_tree::is_array(node.first);
-    links.set(key, node.second, array ? node.first : mota::config::config_tree::indirect_flag);
-  });
-  mota::config::config_manager manager;
-  manager.init(copy_dispatch(links));
-  for (const std::string& key : keys)
-    (void)manager.get_value(key);
   return 0;
 }

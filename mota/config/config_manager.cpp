@@ -1,7 +1,8 @@
 #include <mota/config/config_manager.hpp>
 
-#include <algorithm>
 #include <ostream>
+#include <string>
+#include <unordered_set>
 
 namespace MOTA_2_18 {
 namespace config {
@@ -35,8 +36,9 @@ void config_manager::save() {
 
 types::variant config_manager::get_value(const strings::ustring8& key,
                                          const types::variant& default_value) const {
-  // Keys already followed through an indirection; a chain that comes back to one stops.
-  std::vector<strings::ustring8> visited;
+  // Keys already followed through an indirection; a chain that comes back to one stops. A
+  // hash set keeps a long chain linear: each step asks about one key, not about the chain.
+  std::unordered_set<std::string> visited;
   strings::ustring8 target;
   const strings::ustring8* current = &key;
   bool restart = true;
@@ -52,9 +54,9 @@ types::variant config_manager::get_value(const strings::ustring8& key,
       }
       if ((node->first & config_tree::indirect_flag) == 0) return node->second;
 
-      visited.push_back(*current);
+      visited.insert(*current);
       target = node->second.as_string();
-      if (std::find(visited.begin(), visited.end(), target) != visited.end()) return node->second;
+      if (visited.count(target) != 0) return node->second;
       current = &target;
       restart = true;
       break;

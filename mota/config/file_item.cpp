@@ -1,3 +1,4 @@
+#include <mota/config/_private/file_writer.hpp>
 #include <mota/config/_private/lexer.hpp>
 #include <mota/config/file_item.hpp>
 #include <mota/exceptions/exception.hpp>
@@ -5,7 +6,6 @@
 
 #include <climits>
 #include <cstdint>
-#include <set>
 
 namespace MOTA_2_18 {
 namespace config {
@@ -45,27 +45,6 @@ bool is_blank(int kind) {
 
 bool is_comment(int kind) {
   return kind == T::T_POUND || kind == T::T_FSFS;
-}
-
-// Bytes that read back as themselves outside quotes, wherever they stand in a key or value.
-bool is_plain(const std::string& text) {
-  if (text.empty()) return false;
-  for (const char c : text) {
-    const auto u = static_cast<unsigned char>(c);
-    if (!_private::is_alpha(u) && !_private::is_digit(u) && c != '_' && c != '-' && c != '.' &&
-        c != '+' && c != '@' && c != '%' && c != '~' && c != '^' && c != '$' && c != '!' &&
-        c != '?' && c != '&' && c != '|' && c != ';' && c != '\\' && u < 0x80)
-      return false;
-  }
-  return true;
-}
-
-// Text as it is written to a file: through quote_value, and quoted as well when the syntax
-// would otherwise read it differently (comments, "=", ",", brackets and so on).
-std::string file_text(const std::string& text) {
-  strings::ustring8 quoted = quote_value(text);
-  if (quoted.size() != text.size() || is_plain(text)) return std::move(quoted);
-  return "\"" + text + "\"";
 }
 
 bool has_extension(const std::string& path) {
@@ -232,50 +211,7 @@ void file_item::save() {
 bool file_item::save_file() const {
   if (m_filename.empty()) return false;
 
-  // Element nodes are written with their array, not on lines of their own.
-  std::set<std::string> element_keys;
-  m_tree.visit([&](const std::string& key, const node_t&, const std::vector<std::string>& names) {
-    for (const std::string& name : names)
-      element_keys.insert(key + "." + name);
-  });
-
-  std::string out;
-  std::string section;
-  bool first = true;
-  m_tree.visit([&](const std::string& key, const node_t& node,
-                   const std::vector<std::string>& names) {
-    if (element_keys.count(key) != 0) return;
-    const bool array = config_tree::is_array(node.first);
-    if (!array && node.second == types::nil) return;
-
-    const std::size_t dot = key.rfind('.');
-    const std::string node_section = dot == std::string::npos ? std::string() : key.substr(0, dot);
-    const std::string leaf = dot == std::string::npos ? key : key.substr(dot + 1);
-    if (first ? !node_section.empty() : node_section != section) {
-      out += node_section.empty() ? std::string("[]\n") : "[" + file_text(node_section) + "]\n";
-      section = node_section;
-    }
-    first = false;
-
-    out += file_text(leaf);
-    if (!array) {
-      out += "=" + file_text(node.second.as_string()) + "\n";
-      return;
-    }
-    out += "[]=";
-    bool any = false;
-    for (const std::string& name : names) {
-      const node_t* element = m_tree.get_node(key + "." + name);
-      if (element == nullptr) continue;
-      const std::string text = element->second.as_string();
-      if (text.empty()) continue;  // empty elements are not kept by the reader either
-      if (any) out += ",";
-      out += file_text(text);
-      any = true;
-    }
-    // An array line must end with element text, or the reader would continue it.
-    out += any ? "\n" : "\"\"\n";
-  });
+  std::string out = _private::write_config_text(m_tree);
   return system::store_file(m_filename, strings::ustring8(std::move(out))) == 0;
 }
 

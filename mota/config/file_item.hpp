@@ -41,11 +41,32 @@ class MOTA_API file_item : public base_config_item {
   // Reads get_filename() and parses it into the item after dropping the old values. False,
   // with the item left empty, when the name is empty or the file cannot be read.
   bool load_file();
-  // Writes the values to get_filename() in the file syntax, so that load() reads back the
-  // same keys and texts: one "key=value" line per value, grouped under "[section]" headers,
-  // arrays as "key[]=a,b" lines. Keys and values go through quote_value, and are quoted too
-  // when they hold bytes the syntax would read differently. False when there is no file name
-  // or the file cannot be written.
+  // Writes the values to get_filename() in the file syntax: one "key=value" line per value,
+  // under a "[section]" header for the part of the key before its last dot, arrays as
+  // "key[]=a,b" lines. Keys and values go through quote_value, and are written as quoted
+  // strings as well when the syntax would read them differently bare ("#", "//", "=", ",",
+  // brackets, a key ending in "-", ...). False when there is no file name or the file cannot
+  // be written.
+  //
+  // load() reads back every key, with its value as text (as_string()), byte for byte, when:
+  // - the text of the key and of the value has a backslash before each double quote (a quoted
+  //   string cannot hold a bare quote and keeps its backslashes: any other byte, blanks, tabs,
+  //   line ends, "#" and NUL included, is carried);
+  // - the value is not empty (the reader stores no empty value) and not nil;
+  // - a key that is not an array does not end in "[]" (the reader takes it for an array).
+  // Flags other than the array bits are not written: values come back with flags 0. An array
+  // comes back with the same elements, in the same order, under the same keys, and with its
+  // own value (the element count set_array stores) as long as that many elements named "0",
+  // "1", ... with non-empty texts lead the list; an array read from a file always qualifies.
+  // An empty element is not written; a key stored directly below an array, not among its
+  // elements, stays so. A configuration read from a file is therefore saved and read back
+  // unchanged, key by key, with flags and element order.
+  //
+  // What cannot be carried is changed as little as possible, and never at the cost of another
+  // key: a quote with no backslash before it gets one (`say "hi"` comes back as
+  // `say \"hi\"`); a key so changed that would meet another key of the item is not
+  // written; an empty value, a nil value and a scalar key ending in "[]" are not written.
+  // Each line holds exactly one key, so no value spills into another.
   bool save_file() const;
   // Parses configuration text into the item, adding to the values it holds.
   void parse(const strings::ustring8& text);
