@@ -188,8 +188,9 @@ void labeled_text_buffer::parse(const char* text, std::size_t size) {
 }
 
 std::string labeled_text_buffer::as_str() const {
-  // Two walks in the same order. The first measures the text of every non-empty group, so that
-  // the second can write each group's length before its bytes, straight into one string.
+  // Two walks in the same order. The first measures the text of every non-empty group and takes
+  // each value's text once, so that the second can write each group's length before its bytes,
+  // straight into one string.
   struct level {
     entries::const_iterator at;
     entries::const_iterator end;
@@ -197,6 +198,7 @@ std::string labeled_text_buffer::as_str() const {
   };
   std::vector<std::size_t> sizes(1, 0);  // by group in walk order; the whole text first
   std::vector<std::size_t> parents(1, 0);
+  std::vector<std::string> values;  // the texts of the values written, in walk order
   std::vector<level> open{{m_entries.begin(), m_entries.end(), 0}};
   while (!open.empty()) {
     level& top = open.back();
@@ -209,12 +211,10 @@ std::string labeled_text_buffer::as_str() const {
     const labeled_text_buffer& group = item.second.first;
     const types::variant& value = item.second.second;
     std::size_t& size = sizes[top.group];
-    if (group.is_empty()) {
-      size += item_size(label.size()) + item_size(value.as_string().size());
-      continue;
-    }
-    if (value != types::nil) {
-      size += item_size(label.size()) + item_size(value.as_string().size());
+    if (group.is_empty() || value != types::nil) {
+      values.push_back(value.as_string());
+      size += item_size(label.size()) + item_size(values.back().size());
+      if (group.is_empty()) continue;
     }
     size += item_size(label.size() + 1);
     parents.push_back(top.group);
@@ -230,6 +230,7 @@ std::string labeled_text_buffer::as_str() const {
   std::string out;
   out.reserve(sizes[0]);
   std::size_t next_group = 1;
+  std::size_t next_value = 0;
   open.assign(1, level{m_entries.begin(), m_entries.end(), 0});
   while (!open.empty()) {
     level& top = open.back();
@@ -242,14 +243,12 @@ std::string labeled_text_buffer::as_str() const {
     const std::string& label = item.first;
     const labeled_text_buffer& group = item.second.first;
     const types::variant& value = item.second.second;
-    if (group.is_empty()) {
+    if (group.is_empty() || value != types::nil) {
       append_item(out, label);
-      append_item(out, value.as_string());
-      continue;
-    }
-    if (value != types::nil) {
-      append_item(out, label);
-      append_item(out, value.as_string());
+      append_item(out, values[next_value]);
+      std::string().swap(values[next_value]);  // written: no need to hold it twice
+      ++next_value;
+      if (group.is_empty()) continue;
     }
     append_length(out, label.size() + 1);
     out += label;

@@ -66,8 +66,8 @@ class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
 
   // Merges `other` into this buffer, label by label: a missing entry is copied whole; when
   // `other`'s entry has a non-empty group, its value replaces this one only if it is not nil and
-  // the groups are overlaid recursively; otherwise `other`'s value replaces this one even when
-  // it is nil. Labels that `other` lacks are left alone.
+  // the groups are overlaid in the same way, level by level; otherwise `other`'s value replaces
+  // this one even when it is nil. Labels that `other` lacks are left alone.
   void overlay(const labeled_text_buffer& other);
 
  private:
