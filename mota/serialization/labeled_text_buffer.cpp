@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <new>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -85,9 +86,15 @@ labeled_text_buffer& labeled_text_buffer::operator=(const labeled_text_buffer& o
 labeled_text_buffer::~labeled_text_buffer() {
   // Left to themselves, the groups' destructors would nest as deep as the tree. Instead every
   // entry map is emptied of its groups' maps before it dies, so each map dies holding only empty
-  // groups.
+  // groups. Should the worklist fail to grow, the map at hand dies as it is, each of its groups
+  // running this same loop: one nested call for each failed allocation rather than terminate().
   if (m_entries.empty()) return;
-  std::vector<entries> doomed(1);
+  std::vector<entries> doomed;
+  try {
+    doomed.emplace_back();
+  } catch (const std::bad_alloc&) {
+    return;
+  }
   doomed.back().swap(m_entries);
   while (!doomed.empty()) {
     entries last;
@@ -95,10 +102,13 @@ labeled_text_buffer::~labeled_text_buffer() {
     doomed.pop_back();
     for (auto& item : last) {
       entries& nested = item.second.first.m_entries;
-      if (!nested.empty()) {
+      if (nested.empty()) continue;
+      try {
         doomed.emplace_back();
-        doomed.back().swap(nested);
+      } catch (const std::bad_alloc&) {
+        continue;
       }
+      doomed.back().swap(nested);
     }
   }
 }
