@@ -1,9 +1,13 @@
 #include <mota/serialization/labeled_text_buffer.hpp>
 
-#include <mota/exceptions/_private/throw.hpp>
+#include <mota/serialization/_private/text_reader.hpp>
 
+#include <charconv>
+#include <cstdint>
+#include <new>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace MOTA_2_18 {
 namespace serialization {
@@ -25,15 +29,53 @@ bool is_group_label(const std::string& label) {
   return !label.empty() && label.back() == ' ';
 }
 
+// The next string of the text encoding at `position` in the `size` bytes at `text`; empty when
+// the position is exhausted.
+std::string read_string(const char* text, std::size_t size, std::uint32_t& position) {
+  std::size_t offset = 0;
+  std::size_t length = 0;
+  if (!_private::take_text_string(text, size, position, offset, length)) return std::string();
+  return std::string(text + offset, length);
+}
+
+std::size_t decimal_digits(std::size_t value) {
+  std::size_t digits = 1;
+  for (; value >= 10; value /= 10)
+    ++digits;
+  return digits;
+}
+
+// The bytes a string of `length` bytes takes in the text encoding: its length in decimal, a
+// separator, its bytes, a separator.
+std::size_t item_size(std::size_t length) {
+  return decimal_digits(length) + 1 + length + 1;
+}
+
+// The head of a string of `length` bytes: its length in decimal and a separator.
+void append_length(std::string& out, std::size_t length) {
+  char digits[24];
+  const auto end = std::to_chars(digits, digits + sizeof digits, length).ptr;
+  out.append(digits, end);
+  out.push_back(serialize_text_buf::separator);
+}
+
+void append_item(std::string& out, const std::string& bytes) {
+  append_length(out, bytes.size());
+  out += bytes;
+  out.push_back(serialize_text_buf::separator);
+}
+
 }  // namespace
 
 labeled_text_buffer::labeled_text_buffer() = default;
 
 labeled_text_buffer::labeled_text_buffer(const labeled_text_buffer& other)
-    : labeled_serialize_buffer(other), m_entries(other.m_entries) {}
+    : labeled_serialize_buffer(other) {
+  copy_entries(other.m_entries, m_entries);
+}
 
 labeled_text_buffer::labeled_text_buffer(const std::string& text) {
-  parse(text, 0);
+  parse(text.data(), text.size());
 }
 
 labeled_text_buffer& labeled_text_buffer::operator=(const labeled_text_buffer& other) {
@@ -41,80 +83,192 @@ labeled_text_buffer& labeled_text_buffer::operator=(const labeled_text_buffer& o
   return *this;
 }
 
-labeled_text_buffer::~labeled_text_buffer() = default;
+labeled_text_buffer::~labeled_text_buffer() {
+  // Left to themselves, the groups' destructors would nest as deep as the tree. Instead every
+  // entry map is emptied of its groups' maps before it dies, so each map dies holding only empty
+  // groups. Should the worklist fail to grow, the map at hand dies as it is, each of its groups
+  // running this same loop: one nested call for each failed allocation rather than terminate().
+  if (m_entries.empty()) return;
+  std::vector<entries> doomed;
+  try {
+    doomed.emplace_back();
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+  doomed.back().swap(m_entries);
+  while (!doomed.empty()) {
+    entries last;
+    last.swap(doomed.back());
+    doomed.pop_back();
+    for (auto& item : last) {
+      entries& nested = item.second.first.m_entries;
+      if (nested.empty()) continue;
+      try {
+        doomed.emplace_back();
+      } catch (const std::bad_alloc&) {
+        continue;
+      }
+      doomed.back().swap(nested);
+    }
+  }
+}
+
+void labeled_text_buffer::copy_entries(const entries& from, entries& to) {
+  struct step {
+    const entries* from;
+    entries* to;
+  };
+  std::vector<step> pending{{&from, &to}};
+  while (!pending.empty()) {
+    const step next = pending.back();
+    pending.pop_back();
+    for (const auto& item : *next.from) {
+      // Each group starts empty and is filled from the worklist, never by a nested copy.
+      const auto made = next.to->emplace_hint(
+          next.to->end(), std::piecewise_construct, std::forward_as_tuple(item.first),
+          std::forward_as_tuple(std::piecewise_construct, std::tuple<>(),
+                                std::forward_as_tuple(item.second.second)));
+      const entries& nested = item.second.first.m_entries;
+      if (!nested.empty()) pending.push_back({&nested, &made->second.first.m_entries});
+    }
+  }
+}
 
 void labeled_text_buffer::assign(const labeled_serialize_buffer& other) {
   if (&other == this) return;
   if (const auto* same = dynamic_cast<const labeled_text_buffer*>(&other)) {
     assign(*same);
   } else {
-    parse(other.as_str(), 0);
+    const std::string text = other.as_str();
+    parse(text.data(), text.size());
   }
 }
 
 void labeled_text_buffer::assign(const labeled_text_buffer& other) {
   if (&other == this) return;
   // Copy before replacing: `other` may be one of this buffer's own groups.
-  entries copy(other.m_entries);
+  entries copy;
+  copy_entries(other.m_entries, copy);
   m_entries.swap(copy);
 }
 
 void labeled_text_buffer::assign(const std::string& text) {
-  parse(text, 0);
+  parse(text.data(), text.size());
 }
 
 void labeled_text_buffer::assign(const char* text, int length) {
   if (text == nullptr || length <= 0) {
-    parse(std::string(), 0);
+    parse("", 0);
   } else {
-    parse(std::string(text, static_cast<std::size_t>(length)), 0);
+    parse(text, static_cast<std::size_t>(length));
   }
 }
 
-void labeled_text_buffer::parse(const std::string& text, unsigned int depth) {
+void labeled_text_buffer::parse(const char* text, std::size_t size) {
   m_entries.clear();
-  m_work.assign(text);
-  m_work.reset_read();
-  // The working copy of the text is dropped however the parse ends.
-  struct release_work {
-    serialize_text_buf& work;
-    ~release_work() { work = serialize_text_buf(); }
-  } release{m_work};
-
-  while (!m_work.at_end()) {
-    const std::string label = m_work.read_string();
+  // A group's text is a stretch of its parent's, read in place: every level works on the one
+  // text, in a frame of its own on this stack.
+  struct frame {
+    labeled_text_buffer* group;
+    const char* text;
+    std::size_t size;
+    std::uint32_t position;
+  };
+  std::vector<frame> open{{this, text, size, 0}};
+  while (!open.empty()) {
+    frame& top = open.back();
+    if (_private::text_at_end(top.size, top.position)) {
+      open.pop_back();
+      continue;
+    }
+    const std::string label = read_string(top.text, top.size, top.position);
     if (is_group_label(label)) {
-      labeled_text_buffer& group = create_group(label);
-      const std::string nested = m_work.read_string();
-      if (depth >= max_depth) {
-        MOTA_THROW_AS(exceptions::length_error, "Labeled text nested too deeply", "assign");
-      }
-      group.parse(nested, depth + 1);
+      labeled_text_buffer& group = top.group->create_group(label);
+      std::size_t offset = 0;
+      std::size_t length = 0;
+      const bool taken =
+          _private::take_text_string(top.text, top.size, top.position, offset, length);
+      const char* nested = taken ? top.text + offset : "";
+      group.m_entries.clear();
+      open.push_back({&group, nested, taken ? length : 0, 0});
     } else {
-      add_value(label, types::variant(m_work.read_string()));
+      top.group->add_value(label, types::variant(read_string(top.text, top.size, top.position)));
     }
   }
 }
 
 std::string labeled_text_buffer::as_str() const {
-  serialize_text_buf out;
-  for (const auto& item : m_entries) {
+  // Two walks in the same order. The first measures the text of every non-empty group and takes
+  // each value's text once, so that the second can write each group's length before its bytes,
+  // straight into one string.
+  struct level {
+    entries::const_iterator at;
+    entries::const_iterator end;
+    std::size_t group;
+  };
+  std::vector<std::size_t> sizes(1, 0);  // by group in walk order; the whole text first
+  std::vector<std::size_t> parents(1, 0);
+  std::vector<std::string> values;  // the texts of the values written, in walk order
+  std::vector<level> open{{m_entries.begin(), m_entries.end(), 0}};
+  while (!open.empty()) {
+    level& top = open.back();
+    if (top.at == top.end) {
+      open.pop_back();
+      continue;
+    }
+    const auto& item = *top.at++;
     const std::string& label = item.first;
     const labeled_text_buffer& group = item.second.first;
     const types::variant& value = item.second.second;
-    if (!group.is_empty()) {
-      if (value != types::nil) {
-        out.append_string(label);
-        out.append_string(value.as_string());
-      }
-      out.append_string(label + ' ');
-      out.append_string(group.as_str());
-    } else {
-      out.append_string(label);
-      out.append_string(value.as_string());
+    std::size_t& size = sizes[top.group];
+    if (group.is_empty() || value != types::nil) {
+      values.push_back(value.as_string());
+      size += item_size(label.size()) + item_size(values.back().size());
+      if (group.is_empty()) continue;
     }
+    size += item_size(label.size() + 1);
+    parents.push_back(top.group);
+    sizes.push_back(0);
+    open.push_back({group.m_entries.begin(), group.m_entries.end(), sizes.size() - 1});
   }
-  return out.as_str();
+  // Groups come after their parent in walk order, so a backward sweep completes each group's
+  // size before adding it, with its length prefix, to its parent's.
+  for (std::size_t group = sizes.size() - 1; group > 0; --group) {
+    sizes[parents[group]] += item_size(sizes[group]);
+  }
+
+  std::string out;
+  out.reserve(sizes[0]);
+  std::size_t next_group = 1;
+  std::size_t next_value = 0;
+  open.assign(1, level{m_entries.begin(), m_entries.end(), 0});
+  while (!open.empty()) {
+    level& top = open.back();
+    if (top.at == top.end) {
+      open.pop_back();
+      if (!open.empty()) out.push_back(serialize_text_buf::separator);  // ends a group's text
+      continue;
+    }
+    const auto& item = *top.at++;
+    const std::string& label = item.first;
+    const labeled_text_buffer& group = item.second.first;
+    const types::variant& value = item.second.second;
+    if (group.is_empty() || value != types::nil) {
+      append_item(out, label);
+      append_item(out, values[next_value]);
+      std::string().swap(values[next_value]);  // written: no need to hold it twice
+      ++next_value;
+      if (group.is_empty()) continue;
+    }
+    append_length(out, label.size() + 1);
+    out += label;
+    out.push_back(' ');
+    out.push_back(serialize_text_buf::separator);
+    append_length(out, sizes[next_group]);
+    open.push_back({group.m_entries.begin(), group.m_entries.end(), next_group});
+    ++next_group;
+  }
+  return out;
 }
 
 labeled_text_buffer::entries::iterator labeled_text_buffer::find_or_add(std::string&& label,
@@ -157,8 +311,9 @@ bool labeled_text_buffer::has_value(const std::string& label) const {
 }
 
 bool labeled_text_buffer::has_group(const std::string& label) const {
+  // A group's text is empty exactly when it has no entries: every entry writes a label item.
   const labeled_text_buffer* group = retrieve_group(label);
-  return group != nullptr && !group->as_str().empty();
+  return group != nullptr && !group->is_empty();
 }
 
 bool labeled_text_buffer::is_empty() const {
@@ -194,9 +349,15 @@ labeled_text_buffer* labeled_text_buffer::clone() const {
 }
 
 bool labeled_text_buffer::holds_group(const labeled_text_buffer* group) const {
-  for (const auto& item : m_entries) {
-    const labeled_text_buffer& own = item.second.first;
-    if (&own == group || own.holds_group(group)) return true;
+  std::vector<const entries*> pending{&m_entries};
+  while (!pending.empty()) {
+    const entries* next = pending.back();
+    pending.pop_back();
+    for (const auto& item : *next) {
+      const labeled_text_buffer& own = item.second.first;
+      if (&own == group) return true;
+      if (!own.is_empty()) pending.push_back(&own.m_entries);
+    }
   }
   return false;
 }
@@ -209,15 +370,32 @@ void labeled_text_buffer::overlay(const labeled_text_buffer& other) {
     overlay(snapshot);
     return;
   }
-  for (const auto& item : other.m_entries) {
+  // Pairs of groups at the same label path, merged entry by entry in label order as far down as
+  // `other` goes. Once `other` is not below this buffer, no pair further down can be one group
+  // or hold the other, so that is checked once, above.
+  struct level {
+    entries* into;
+    entries::const_iterator at;
+    entries::const_iterator end;
+  };
+  std::vector<level> open{{&m_entries, other.m_entries.begin(), other.m_entries.end()}};
+  while (!open.empty()) {
+    level& top = open.back();
+    if (top.at == top.end) {
+      open.pop_back();
+      continue;
+    }
+    const auto& item = *top.at++;
     const labeled_text_buffer& other_group = item.second.first;
     const types::variant& other_value = item.second.second;
-    auto found = m_entries.find(item.first);
-    if (found == m_entries.end()) {
-      m_entries.emplace(item.first, item.second);
+    entries& into = *top.into;
+    const auto found = into.find(item.first);
+    if (found == into.end()) {
+      into.emplace(item.first, item.second);
     } else if (!other_group.is_empty()) {
       if (other_value != types::nil) found->second.second = other_value;
-      found->second.first.overlay(other_group);
+      open.push_back({&found->second.first.m_entries, other_group.m_entries.begin(),
+                      other_group.m_entries.end()});
     } else {
       // Replaced even by a nil value, unlike the branch above: intended.
       found->second.second = other_value;

@@ -1,7 +1,9 @@
 // The labeled buffer written in the text encoding of serialize_text_buf: the tree becomes a flat
 // sequence of (label, payload) strings in label order. A label ending in a space announces that
 // its payload is the nested text of a group; any other payload is a value's text. Values read
-// back from text are std::string variants, whatever type they had when written.
+// back from text are std::string variants, whatever type they had when written. Every walk of
+// the tree (writing, reading, copying, overlaying, destroying) keeps its own stack, so a tree of
+// any depth that fits in memory can be written and read back.
 //
 //   mota::serialization::labeled_text_buffer tree;
 //   tree.add_value("a", mota::types::variant(1));
@@ -16,6 +18,7 @@
 #include <mota/serialization/serialize_text_buf.hpp>
 #include <mota/types/variant.hpp>
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <utility>
@@ -25,9 +28,6 @@ namespace serialization {
 
 class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
  public:
-  // Parsed text may nest groups this many levels deep; deeper nesting is refused (see assign).
-  static constexpr unsigned int max_depth = 256;
-
   // No entries.
   labeled_text_buffer();
   // Copies the entries (values shared, groups copied).
@@ -38,9 +38,8 @@ class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
   ~labeled_text_buffer() override;
 
   void assign(const labeled_serialize_buffer& other) override;
-  // Parses `text`, replacing all entries. Lengths that point beyond the text throw
-  // std::out_of_range as serialize_text_buf::read_string does, and groups nested deeper than
-  // max_depth throw exceptions::length_error ("Labeled text nested too deeply"); either leaves
+  // Parses `text`, replacing all entries. Lengths that point beyond the text (or the nested text
+  // they are part of) throw std::out_of_range as serialize_text_buf::read_string does, leaving
   // the entries read so far.
   void assign(const std::string& text) override;
   void assign(const char* text, int length) override;
@@ -67,8 +66,8 @@ class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
 
   // Merges `other` into this buffer, label by label: a missing entry is copied whole; when
   // `other`'s entry has a non-empty group, its value replaces this one only if it is not nil and
-  // the groups are overlaid recursively; otherwise `other`'s value replaces this one even when
-  // it is nil. Labels that `other` lacks are left alone.
+  // the groups are overlaid in the same way, level by level; otherwise `other`'s value replaces
+  // this one even when it is nil. Labels that `other` lacks are left alone.
   void overlay(const labeled_text_buffer& other);
 
  private:
@@ -78,12 +77,16 @@ class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
   // The entry `label`, made with an empty group and a nil value when missing (`added` says so).
   entries::iterator find_or_add(std::string&& label, bool& added);
 
-  // Replaces the entries with those read from `text`, a group nested `depth` levels deep.
-  void parse(const std::string& text, unsigned int depth);
+  // Replaces the entries with those read from the `size` bytes at `text`.
+  void parse(const char* text, std::size_t size);
   // True when `group` is one of the groups anywhere below this buffer.
   bool holds_group(const labeled_text_buffer* group) const;
+  // Fills the empty `to` with deep copies of the entries of `from`.
+  static void copy_entries(const entries& from, entries& to);
 
   entries m_entries;
+  // Unused: writing and reading work on the caller's string and the result directly. Kept so the
+  // object keeps its layout.
   serialize_text_buf m_work;
 };
 

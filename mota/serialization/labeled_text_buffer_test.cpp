@@ -1,4 +1,3 @@
-#include <mota/exceptions/logic_error.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/serialization/labeled_text_buffer.hpp>
 #include <mota/types/variant.hpp>
@@ -7,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <typeinfo>
@@ -102,20 +102,87 @@ TEST(LabeledTextBuffer, MalformedTextThrowsAndKeepsWhatWasRead) {
   EXPECT_EQ("1", tree.retrieve_value("a").as_string());
   EXPECT_FALSE(tree.has_label("c"));
 
-  auto nest = [](unsigned int levels) {
-    std::string text = item("v") + item("1");
-    for (unsigned int i = 0; i < levels; ++i)
-      text = item("g ") + item(text);
-    return text;
-  };
-  tree.assign(nest(labeled_text_buffer::max_depth));
-  const labeled_text_buffer* group = &tree;
-  for (unsigned int i = 0; i < labeled_text_buffer::max_depth && group; ++i)
+  // Inside a group the same fault reports its position in the group's own text.
+  EXPECT_THROW_WHAT(tree.assign(item("a") + item("1") + item("k ") + item(text)), std::out_of_range,
+                    "basic_string::substr: __pos (which is 32) > this->size() (which is 18)");
+  EXPECT_EQ("1", tree.retrieve_value("a").as_string());
+  ASSERT_NE(nullptr, tree.retrieve_group("k"));
+  EXPECT_EQ("1", tree.retrieve_group("k")->retrieve_value("a").as_string());
+}
+
+// A chain of `depth` groups labeled g, with the value "v<level>" beside every 1000th and `leaf`
+// under the label leaf at the bottom.
+void build_chain(labeled_text_buffer& tree, std::size_t depth, const std::string& leaf) {
+  labeled_text_buffer* group = &tree;
+  for (std::size_t level = 0; level < depth; ++level) {
+    if (level % 1000 == 0) group->add_value("v", variant("v" + std::to_string(level)));
+    group = &group->create_group("g");
+  }
+  group->add_value("leaf", variant(leaf));
+}
+
+// Walks two chains made by build_chain side by side, without recursion; false at the first
+// difference in labels or values.
+bool same_chain(const labeled_text_buffer& a, const labeled_text_buffer& b, std::size_t depth) {
+  const labeled_text_buffer* x = &a;
+  const labeled_text_buffer* y = &b;
+  for (std::size_t level = 0; level < depth; ++level) {
+    if (x->retrieve_value("v").as_string() != y->retrieve_value("v").as_string()) return false;
+    x = x->retrieve_group("g");
+    y = y->retrieve_group("g");
+    if (x == nullptr || y == nullptr) return false;
+  }
+  return x->retrieve_value("leaf").as_string() == y->retrieve_value("leaf").as_string() &&
+         !x->has_label("g") && !y->has_label("g");
+}
+
+template <class Tree>
+Tree& bottom(Tree& tree, std::size_t depth) {
+  Tree* group = &tree;
+  for (std::size_t level = 0; level < depth; ++level)
     group = group->retrieve_group("g");
-  ASSERT_NE(nullptr, group);
-  EXPECT_EQ("1", group->retrieve_value("v").as_string());
-  EXPECT_THROW_MSG(tree.assign(nest(labeled_text_buffer::max_depth + 1)),
-                   mota::exceptions::length_error, "Labeled text nested too deeply");
+  return *group;
+}
+
+TEST(LabeledTextBuffer, TreesOfAnyDepthWriteReadCopyOverlayAndDie) {
+  // Far deeper than any call stack would take one level per frame.
+  constexpr std::size_t depth = 200000;
+  labeled_text_buffer tree;
+  build_chain(tree, depth, "end");
+  EXPECT_TRUE(tree.has_group("g"));
+
+  const std::string text = tree.as_str();
+  labeled_text_buffer back(text);
+  EXPECT_TRUE(same_chain(tree, back, depth));
+  EXPECT_EQ(text, back.as_str());
+
+  {
+    mota::memory::pointers::rc_pointer<labeled_serialize_buffer> clone(tree.clone());
+    EXPECT_TRUE(same_chain(tree, static_cast<const labeled_text_buffer&>(*clone), depth));
+  }
+
+  labeled_text_buffer copy(tree);
+  bottom(back, depth).add_value("leaf", variant("new"));
+  copy.overlay(back);
+  EXPECT_EQ("new", bottom(copy, depth).retrieve_value("leaf").as_string());
+  EXPECT_EQ("end", bottom(tree, depth).retrieve_value("leaf").as_string());
+
+  copy = tree;
+  EXPECT_TRUE(same_chain(tree, copy, depth));
+}
+
+TEST(LabeledTextBuffer, LargeValueUnderManyGroupsReadsBack) {
+  // The value's bytes are in the text once; each group adds only its label and length.
+  constexpr std::size_t depth = 255;
+  const std::string large(std::size_t{4} << 20, 'x');
+  labeled_text_buffer tree;
+  build_chain(tree, depth, large);
+  const std::string text = tree.as_str();
+  EXPECT_LT(text.size(), large.size() + depth * 32);
+
+  const labeled_text_buffer back(text);
+  EXPECT_EQ(large, bottom(back, depth).retrieve_value("leaf").as_string());
+  EXPECT_EQ(text, back.as_str());
 }
 
 TEST(LabeledTextBuffer, OverlayMergesEntryByEntryWithItsAsymmetry) {

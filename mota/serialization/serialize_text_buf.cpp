@@ -4,6 +4,7 @@
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
 #include <mota/serialization/_private/read_position.hpp>
+#include <mota/serialization/_private/text_reader.hpp>
 #include <mota/strings/ustring.hpp>
 
 #include <algorithm>
@@ -198,21 +199,47 @@ void serialize_text_buf::append_buffer(const serialize_buffer& other) {
   append_string(other.as_str());
 }
 
-bool serialize_text_buf::next_token(const char*& token, std::size_t& length) const {
-  if (m_read_pos == exhausted) return false;
-  const std::size_t position = m_read_pos;
-  const std::size_t size = m_content.size();
-  if (position > size) throw_beyond_content(position, size);
-  token = m_content.data() + position;
-  const void* found = std::memchr(token, separator, size - position);
+namespace _private {
+
+bool next_text_token(const char* content, std::size_t size, std::uint32_t& position,
+                     const char*& token, std::size_t& length) {
+  if (position == serialize_buffer::exhausted) return false;
+  const std::size_t at = position;
+  if (at > size) throw_beyond_content(at, size);
+  token = content + at;
+  const void* found = std::memchr(token, serialize_text_buf::separator, size - at);
   if (found == nullptr) {
-    length = size - position;
-    m_read_pos = exhausted;
+    length = size - at;
+    position = serialize_buffer::exhausted;
   } else {
     length = static_cast<std::size_t>(static_cast<const char*>(found) - token);
-    m_read_pos = advance_position(m_read_pos, length + 1);
+    position = advance_position(position, length + 1);
   }
   return true;
+}
+
+bool take_text_string(const char* content, std::size_t size, std::uint32_t& position,
+                      std::size_t& offset, std::size_t& length) {
+  const char* token = nullptr;
+  std::size_t digits = 0;
+  if (!next_text_token(content, size, position, token, digits)) return false;
+  const std::uint32_t announced =
+      digits == 0
+          ? 0
+          : convert::str_to_uint32(token, static_cast<unsigned int>(digits), detect_radix, false);
+  if (position == serialize_buffer::exhausted) return false;
+  // The length token ended at a separator inside the content, so the position is within it.
+  offset = position;
+  length = std::min<std::size_t>(announced, size - offset);
+  // Past the bytes and their trailing separator, wherever that lands.
+  position = advance_position(position, static_cast<std::uint64_t>(announced) + 1);
+  return true;
+}
+
+}  // namespace _private
+
+bool serialize_text_buf::next_token(const char*& token, std::size_t& length) const {
+  return _private::next_text_token(m_content.data(), m_content.size(), m_read_pos, token, length);
 }
 
 // The number reads: zero when exhausted, otherwise the token parsed by generic::convert. An
@@ -294,20 +321,7 @@ double serialize_text_buf::read_double() const {
 }
 
 bool serialize_text_buf::take_string(std::size_t& offset, std::size_t& length) const {
-  const char* token = nullptr;
-  std::size_t digits = 0;
-  if (!next_token(token, digits)) return false;
-  const std::uint32_t announced =
-      digits == 0
-          ? 0
-          : convert::str_to_uint32(token, static_cast<unsigned int>(digits), detect_radix, false);
-  if (m_read_pos == exhausted) return false;
-  // The length token ended at a separator inside the content, so the position is within it.
-  offset = m_read_pos;
-  length = std::min<std::size_t>(announced, m_content.size() - offset);
-  // Past the bytes and their trailing separator, wherever that lands.
-  m_read_pos = advance_position(m_read_pos, static_cast<std::uint64_t>(announced) + 1);
-  return true;
+  return _private::take_text_string(m_content.data(), m_content.size(), m_read_pos, offset, length);
 }
 
 std::string serialize_text_buf::read_string() const {
@@ -325,7 +339,7 @@ serialize_text_buf* serialize_text_buf::read_buffer() const {
 }
 
 bool serialize_text_buf::at_end() const {
-  return m_read_pos == exhausted || m_read_pos >= m_content.size();
+  return _private::text_at_end(m_content.size(), m_read_pos);
 }
 
 void serialize_text_buf::reset_read() const {
