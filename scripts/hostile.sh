@@ -43,7 +43,13 @@ MEM_FLOOR_MB=32
 SMALL_MEM_MB=1
 MAX_RATIO=30
 
-work=$(mktemp -d "${TMPDIR:-/tmp}/mota-hostile.XXXXXX")
+# The files live in memory when the machine has a tmpfs: on a disk mounted with discard,
+# removing 100k directories alone can take minutes. HOSTILE_TMPDIR chooses another place.
+tmp=${HOSTILE_TMPDIR:-}
+if [ -z "$tmp" ]; then
+  if [ -d /dev/shm ] && [ -w /dev/shm ]; then tmp=/dev/shm; else tmp=${TMPDIR:-/tmp}; fi
+fi
+work=$(mktemp -d "$tmp/mota-hostile.XXXXXX")
 # HOSTILE_KEEP=1 keeps the files and the cases' logs for a look afterwards.
 if [ "${HOSTILE_KEEP:-0}" != 1 ]; then trap 'rm -rf "$work"' EXIT; fi
 mkdir -p "$work/logs"
