@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 20
 
-.PHONY: all deps build test test-i386 test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
+.PHONY: all deps build test hostile test-i386 test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
 
 all: build
 
@@ -15,6 +15,11 @@ build: deps
 
 test: build
 	ctest --preset dev -j $(JOBS)
+
+# Deep, huge, wide and blocking input, each case in a child with time and memory limits; fails
+# when one crashes, hangs, answers wrong or grows much faster than its input.
+hostile: build
+	bash scripts/hostile.sh build/dev
 
 test-sanitize: deps
 	cmake --preset sanitize
