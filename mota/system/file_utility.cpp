@@ -83,6 +83,10 @@ class descriptor {
   int fd_;
 };
 
+// Without it a 32-bit process cannot open a file of 2 GiB or more at all, and load_file could
+// not tell such a file from a missing one.
+constexpr int large_file = O_LARGEFILE;
+
 bool clear_nonblocking(int fd) {
   const int flags = ::fcntl(fd, F_GETFL);
   return flags != -1 && ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) != -1;
@@ -94,7 +98,8 @@ bool clear_nonblocking(int fd) {
 // leaves no gap between the check and the open.
 template <class Content>
 int load_into(const std::string& path, Content& content) {
-  descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+  descriptor file(
+      ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC | large_file));
   if (!file.valid()) return 1;
   struct stat64 info;
   if (::fstat64(file.get(), &info) != 0 || !S_ISREG(info.st_mode)) return 1;
@@ -156,7 +161,8 @@ bool write_and_close(descriptor& file, const std::string& content, bool synced) 
 // only a regular file is truncated, after it has been seen to be one.
 int store_in_place(int directory, const char* name, const std::string& content) {
   descriptor file(::openat(
-      directory, name, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666));
+      directory, name,
+      O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | large_file, 0666));
   if (!file.valid()) return 1;
   struct stat64 info;
   if (::fstat64(file.get(), &info) != 0) return 1;
@@ -222,8 +228,9 @@ int store_to(const std::string& path, const std::string& content) {
     if (!S_ISREG(old_file.st_mode)) return 1;  // FIFO, socket, directory: never opened
     // Renaming needs only the directory's permission; the file must be writable too, as it
     // would have to be for a plain open, or a read-only file would be replaced.
-    descriptor probe(::openat(directory.get(), name.c_str(),
-                              O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    descriptor probe(
+        ::openat(directory.get(), name.c_str(),
+                 O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | large_file));
     if (!probe.valid() || ::fstat64(probe.get(), &old_file) != 0 || !S_ISREG(old_file.st_mode))
       return 1;
     existing = true;
@@ -238,7 +245,7 @@ int store_to(const std::string& path, const std::string& content) {
   for (unsigned attempt = 0; attempt < 100 && !file.valid(); ++attempt) {
     temporary = temporary_name(name, attempt);
     file.reset(::openat(directory.get(), temporary.c_str(),
-                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | large_file, 0666));
     if (!file.valid() && errno != EEXIST) break;
   }
   if (!file.valid())
