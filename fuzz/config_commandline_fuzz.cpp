@@ -14,6 +14,8 @@
 
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include "fuzz_support.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -47,27 +49,14 @@ struct command_line {
   mota::config::commandline_item item;
 
   explicit command_line(const std::vector<std::string>& arguments)
-      : argv(pointers(arguments)), item(static_cast<unsigned>(arguments.size()), argv.data()) {
+      : argv(mota_fuzz::c_strings(arguments)),
+        item(static_cast<unsigned>(arguments.size()), argv.data()) {
     item.load();
-  }
-  static std::vector<const char*> pointers(const std::vector<std::string>& arguments) {
-    std::vector<const char*> out;
-    for (const std::string& argument : arguments)
-      out.push_back(argument.c_str());
-    out.push_back(nullptr);
-    return out;
   }
 };
 
 void arbitrary(const std::uint8_t* data, std::size_t size) {
-  std::vector<std::string> pieces(1);
-  for (std::size_t i = 0; i < size; ++i) {
-    const char c = static_cast<char>(data[i]);
-    if (c == '\0' || c == '\n')
-      pieces.emplace_back();
-    else
-      pieces.back() += c;
-  }
+  const std::vector<std::string> pieces = mota_fuzz::split_lines(data, size);
   const command_line line(pieces);
   const mota::config::commandline_item& item = line.item;
 

@@ -12,6 +12,8 @@
 
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include "fuzz_support.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -30,29 +32,15 @@ struct environment {
   mota::config::enviroment_item item;
 
   explicit environment(const std::vector<std::string>& entries)
-      : envp(pointers(entries)), item(envp.data()) {
+      : envp(mota_fuzz::c_strings(entries)), item(envp.data()) {
     item.load();
-  }
-  static std::vector<const char*> pointers(const std::vector<std::string>& entries) {
-    std::vector<const char*> out;
-    for (const std::string& entry : entries)
-      out.push_back(entry.c_str());
-    out.push_back(nullptr);
-    return out;
   }
 };
 
 // Any entries: each one is split where the item's own splitter says, and the last entry of a
 // key must give the key's value.
 void arbitrary(const std::uint8_t* data, std::size_t size) {
-  std::vector<std::string> entries(1);
-  for (std::size_t i = 0; i < size; ++i) {
-    const char c = static_cast<char>(data[i]);
-    if (c == '\0' || c == '\n')
-      entries.emplace_back();
-    else
-      entries.back() += c;
-  }
+  const std::vector<std::string> entries = mota_fuzz::split_lines(data, size);
   const environment env(entries);
   std::map<std::string, std::string> want;
   for (const std::string& entry : entries) {

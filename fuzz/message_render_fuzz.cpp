@@ -26,6 +26,8 @@
 #include <string>
 #include <vector>
 
+#include "fuzz_support.hpp"
+
 namespace {
 
 using mota::i18n::message_item;
@@ -33,16 +35,9 @@ using mota::i18n::message_t;
 using mota::strings::ustring8;
 using mota::types::variant;
 
-class reader {
+class reader : public mota_fuzz::byte_reader {
  public:
-  reader(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
-  unsigned int byte() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-  std::string bytes(std::size_t n) {
-    if (n > m_size - m_pos) n = m_size - m_pos;
-    std::string out(reinterpret_cast<const char*>(m_data + m_pos), n);
-    m_pos += n;
-    return out;
-  }
+  using byte_reader::byte_reader;
   // Raw key or value text; 0x01 would split it, so it stands for itself as 0x02.
   std::string text() {
     const std::size_t size = byte() % 48;
@@ -52,11 +47,6 @@ class reader {
     }
     return out;
   }
-
- private:
-  const std::uint8_t* m_data;
-  std::size_t m_size;
-  std::size_t m_pos = 0;
 };
 
 const char* const kKeys[] = {"precision",   "prec",      "fieldsize",  "hex",

@@ -27,6 +27,8 @@
 #include <string>
 #include <vector>
 
+#include "fuzz_support.hpp"
+
 namespace {
 
 using mota::i18n::message_item;
@@ -34,22 +36,7 @@ using mota::i18n::message_t;
 using mota::i18n::_private::xmc_file_loader;
 using mota::strings::ustring8;
 
-class reader {
- public:
-  reader(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
-  unsigned int byte() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-  std::string bytes(std::size_t n) {
-    if (n > m_size - m_pos) n = m_size - m_pos;
-    std::string out(reinterpret_cast<const char*>(m_data + m_pos), n);
-    m_pos += n;
-    return out;
-  }
-
- private:
-  const std::uint8_t* m_data;
-  std::size_t m_size;
-  std::size_t m_pos = 0;
-};
+using reader = mota_fuzz::byte_reader;
 
 const char* const kFiles[] = {"a.xmc", "b.xmc", "sub/c.xmc", "sub/d.xml"};
 constexpr int kFileCount = 4;
