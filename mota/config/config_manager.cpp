@@ -1,8 +1,11 @@
 #include <mota/config/config_manager.hpp>
 
+#include <algorithm>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <unordered_set>
+#include <vector>
 
 namespace MOTA_2_18 {
 namespace config {
@@ -34,11 +37,39 @@ void config_manager::save() {
   if (m_dispatch != nullptr) m_dispatch->save(m_items);
 }
 
+namespace {
+
+// The keys an indirection chain has passed. Most chains are a step or two long and a short
+// vector answers those fastest; past a handful of keys they move into a hash set, so that a
+// long chain stays linear: each step asks about one key, not about the whole chain.
+class visited_keys {
+ public:
+  void add(const std::string& key) {
+    if (!m_many && m_few.size() < kFew) {
+      m_few.push_back(key);
+      return;
+    }
+    if (!m_many) m_many.reset(new std::unordered_set<std::string>(m_few.begin(), m_few.end()));
+    m_many->insert(key);
+  }
+  bool has(const std::string& key) const {
+    if (!m_many) return std::find(m_few.begin(), m_few.end(), key) != m_few.end();
+    return m_many->count(key) != 0;
+  }
+
+ private:
+  static constexpr std::size_t kFew = 8;
+  std::vector<std::string> m_few;
+  // Made only when needed: an empty set still costs a construction on every lookup.
+  std::unique_ptr<std::unordered_set<std::string>> m_many;
+};
+
+}  // namespace
+
 types::variant config_manager::get_value(const strings::ustring8& key,
                                          const types::variant& default_value) const {
-  // Keys already followed through an indirection; a chain that comes back to one stops. A
-  // hash set keeps a long chain linear: each step asks about one key, not about the chain.
-  std::unordered_set<std::string> visited;
+  // Keys already followed through an indirection; a chain that comes back to one stops.
+  visited_keys visited;
   strings::ustring8 target;
   const strings::ustring8* current = &key;
   bool restart = true;
@@ -54,9 +85,9 @@ types::variant config_manager::get_value(const strings::ustring8& key,
       }
       if ((node->first & config_tree::indirect_flag) == 0) return node->second;
 
-      visited.insert(*current);
+      visited.add(*current);
       target = node->second.as_string();
-      if (visited.count(target) != 0) return node->second;
+      if (visited.has(target)) return node->second;
       current = &target;
       restart = true;
       break;
