@@ -110,20 +110,20 @@ int load_into(const std::string& path, Content& content) {
         generic::convert::to_str(static_cast<long long>(size)) + " is large than a string can hold",
         "load_file");
   if (!clear_nonblocking(file.get())) return 1;
-  // Read into a buffer of its own so that a failed read leaves `content` untouched. A file that
-  // shrinks meanwhile yields what it still holds; one that grows, its first `size` bytes.
-  Content buffer;
-  buffer.resize(static_cast<std::size_t>(size));
+  // Read straight into `content`: a caller that loads file after file into one string keeps
+  // its storage. A file that shrinks meanwhile yields what it still holds; one that grows, its
+  // first `size` bytes. A read error (rare on a regular file) is reported with what was read.
+  content.resize(static_cast<std::size_t>(size));
   std::size_t done = 0;
-  while (done < buffer.size()) {
-    const ssize_t got = ::read(file.get(), &buffer[done], buffer.size() - done);
+  while (done < content.size()) {
+    const ssize_t got = ::read(file.get(), &content[done], content.size() - done);
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return 1;
-    if (got == 0) break;
+    if (got <= 0) {
+      content.resize(done);
+      return got < 0 ? 1 : 0;
+    }
     done += static_cast<std::size_t>(got);
   }
-  buffer.resize(done);
-  content.swap(buffer);
   return 0;
 }
 

@@ -25,9 +25,10 @@ namespace system {
 
 // Reads the whole file, byte for byte (no byte-order-mark handling), into `content` and
 // returns 0. Returns 1 and leaves `content` untouched when the path is a symbolic link or
-// anything but a regular file (a directory, a FIFO, a device), cannot be opened, or a read
-// fails; it never waits for a FIFO's writer. Throws exceptions::runtime_error "<size> is large
-// than a string can hold" for a file of 2^31 bytes or more.
+// anything but a regular file (a directory, a FIFO, a device) or cannot be opened; it never
+// waits for a FIFO's writer. A read that fails midway returns 1 with the bytes read so far. Throws
+// exceptions::runtime_error "<size> is large than a string can hold" for a file of 2^31 bytes or
+// more.
 MOTA_API int load_file(const strings::ustring8& path, strings::ustring8& content);
 MOTA_API int load_file(const strings::ustring8& path, std::string& content);
 MOTA_API int load_file(const strings::ustring16& path, strings::ustring8& content);
