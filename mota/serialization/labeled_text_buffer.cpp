@@ -2,8 +2,11 @@
 
 #include <mota/serialization/_private/text_reader.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <new>
 #include <tuple>
 #include <utility>
@@ -36,19 +39,6 @@ std::string read_string(const char* text, std::size_t size, std::uint32_t& posit
   std::size_t length = 0;
   if (!_private::take_text_string(text, size, position, offset, length)) return std::string();
   return std::string(text + offset, length);
-}
-
-std::size_t decimal_digits(std::size_t value) {
-  std::size_t digits = 1;
-  for (; value >= 10; value /= 10)
-    ++digits;
-  return digits;
-}
-
-// The bytes a string of `length` bytes takes in the text encoding: its length in decimal, a
-// separator, its bytes, a separator.
-std::size_t item_size(std::size_t length) {
-  return decimal_digits(length) + 1 + length + 1;
 }
 
 // The head of a string of `length` bytes: its length in decimal and a separator.
@@ -198,55 +188,40 @@ void labeled_text_buffer::parse(const char* text, std::size_t size) {
 }
 
 std::string labeled_text_buffer::as_str() const {
-  // Two walks in the same order. The first measures the text of every non-empty group and takes
-  // each value's text once, so that the second can write each group's length before its bytes,
-  // straight into one string.
+  // One walk that writes straight into the result. A group's length prefix is not known until
+  // its text is written, so the text goes after a gap wide enough for any length; when the group
+  // closes, its length is written at the end of the gap. A last sweep closes the gaps' unused
+  // fronts, front to back, so the whole write stays linear however deep the tree.
+  constexpr std::size_t gap = std::numeric_limits<std::size_t>::digits10 + 1;
+  struct hole {
+    std::size_t at;
+    std::size_t length;
+  };
   struct level {
     entries::const_iterator at;
     entries::const_iterator end;
-    std::size_t group;
+    std::size_t hole;   // the gap before this group's text; unused for the whole tree
+    std::size_t start;  // where this group's text begins
+    std::size_t slack;  // unused gap bytes inside this group's text
   };
-  std::vector<std::size_t> sizes(1, 0);  // by group in walk order; the whole text first
-  std::vector<std::size_t> parents(1, 0);
-  std::vector<std::string> values;  // the texts of the values written, in walk order
-  std::vector<level> open{{m_entries.begin(), m_entries.end(), 0}};
-  while (!open.empty()) {
-    level& top = open.back();
-    if (top.at == top.end) {
-      open.pop_back();
-      continue;
-    }
-    const auto& item = *top.at++;
-    const std::string& label = item.first;
-    const labeled_text_buffer& group = item.second.first;
-    const types::variant& value = item.second.second;
-    std::size_t& size = sizes[top.group];
-    if (group.is_empty() || value != types::nil) {
-      values.push_back(value.as_string());
-      size += item_size(label.size()) + item_size(values.back().size());
-      if (group.is_empty()) continue;
-    }
-    size += item_size(label.size() + 1);
-    parents.push_back(top.group);
-    sizes.push_back(0);
-    open.push_back({group.m_entries.begin(), group.m_entries.end(), sizes.size() - 1});
-  }
-  // Groups come after their parent in walk order, so a backward sweep completes each group's
-  // size before adding it, with its length prefix, to its parent's.
-  for (std::size_t group = sizes.size() - 1; group > 0; --group) {
-    sizes[parents[group]] += item_size(sizes[group]);
-  }
-
   std::string out;
-  out.reserve(sizes[0]);
-  std::size_t next_group = 1;
-  std::size_t next_value = 0;
-  open.assign(1, level{m_entries.begin(), m_entries.end(), 0});
+  std::vector<hole> holes;  // in text order: a group's gap comes before those inside it
+  std::vector<level> open{{m_entries.begin(), m_entries.end(), 0, 0, 0}};
   while (!open.empty()) {
     level& top = open.back();
     if (top.at == top.end) {
+      if (open.size() == 1) break;
+      const level closed = top;
       open.pop_back();
-      if (!open.empty()) out.push_back(serialize_text_buf::separator);  // ends a group's text
+      const std::size_t length = out.size() - closed.start - closed.slack;
+      char digits[gap];
+      const std::size_t count =
+          static_cast<std::size_t>(std::to_chars(digits, digits + gap, length).ptr - digits);
+      hole& h = holes[closed.hole];
+      h.length = gap - count;
+      std::copy(digits, digits + count, &out[h.at + h.length]);
+      open.back().slack += closed.slack + h.length;
+      out.push_back(serialize_text_buf::separator);  // ends the group's text
       continue;
     }
     const auto& item = *top.at++;
@@ -255,19 +230,28 @@ std::string labeled_text_buffer::as_str() const {
     const types::variant& value = item.second.second;
     if (group.is_empty() || value != types::nil) {
       append_item(out, label);
-      append_item(out, values[next_value]);
-      std::string().swap(values[next_value]);  // written: no need to hold it twice
-      ++next_value;
+      append_item(out, value.as_string());
       if (group.is_empty()) continue;
     }
     append_length(out, label.size() + 1);
     out += label;
     out.push_back(' ');
     out.push_back(serialize_text_buf::separator);
-    append_length(out, sizes[next_group]);
-    open.push_back({group.m_entries.begin(), group.m_entries.end(), next_group});
-    ++next_group;
+    holes.push_back({out.size(), 0});
+    out.append(gap, '0');
+    out.push_back(serialize_text_buf::separator);
+    open.push_back(
+        {group.m_entries.begin(), group.m_entries.end(), holes.size() - 1, out.size(), 0});
   }
+  // Close the gaps: move each run of text between them left over the unused bytes.
+  std::size_t write = holes.empty() ? out.size() : holes.front().at;
+  for (std::size_t i = 0; i < holes.size(); ++i) {
+    const std::size_t from = holes[i].at + holes[i].length;
+    const std::size_t to = i + 1 < holes.size() ? holes[i + 1].at : out.size();
+    if (write != from) std::memmove(&out[write], &out[from], to - from);
+    write += to - from;
+  }
+  out.resize(write);
   return out;
 }
 
