@@ -74,10 +74,6 @@ void arbitrary(const std::uint8_t* data, std::size_t size) {
     (void)manager.get_value(key);
 }
 
-bool word_byte(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
-
 // The expectation for one key: a scalar text, or the pieces of an array.
 struct expected {
   bool array;
@@ -90,12 +86,8 @@ void plain(FuzzedDataProvider& input) {
   std::map<std::string, expected> want;
   const std::size_t count = input.ConsumeIntegralInRange<std::size_t>(0, 12);
   for (std::size_t i = 0; i < count; ++i) {
-    std::string key;
-    for (const char c : input.ConsumeRandomLengthString(12))
-      if (word_byte(c)) key += c;
-    std::string value;
-    for (const char c : input.ConsumeRandomLengthString(40))
-      if (c != '\0') value += c;
+    const std::string key = mota_fuzz::consume_word(input, 12);
+    const std::string value = mota_fuzz::consume_text(input, 40);
     if (key.empty() || want.count(key) != 0) continue;
 
     // "==" is an operator of its own and ":" before "=" makes ":=": a value starting with "="

@@ -55,21 +55,13 @@ void arbitrary(const std::uint8_t* data, std::size_t size) {
   if (env.item.get_tree().size() != want.size()) std::abort();
 }
 
-bool word_byte(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
-
 void plain(FuzzedDataProvider& input) {
   std::vector<std::string> entries;
   std::map<std::string, std::string> want;
   const std::size_t count = input.ConsumeIntegralInRange<std::size_t>(0, 16);
   for (std::size_t i = 0; i < count; ++i) {
-    std::string key;
-    for (const char c : input.ConsumeRandomLengthString(12))
-      if (word_byte(c)) key += c;
-    std::string value;
-    for (const char c : input.ConsumeRandomLengthString(40))
-      if (c != '\0') value += c;
+    const std::string key = mota_fuzz::consume_word(input, 12);
+    const std::string value = mota_fuzz::consume_text(input, 40);
     if (key.empty() || (!value.empty() && value[0] == '=')) continue;
     const std::string entry = key + "=" + value;
     entries.push_back(entry);

@@ -3,6 +3,8 @@
 #ifndef MOTA_FUZZ_FUZZ_SUPPORT_HPP
 #define MOTA_FUZZ_FUZZ_SUPPORT_HPP
 
+#include <fuzzer/FuzzedDataProvider.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -32,6 +34,26 @@ inline std::vector<const char*> c_strings(const std::vector<std::string>& string
     out.push_back(s.c_str());
   out.push_back(nullptr);
   return out;
+}
+
+// A key of letters, digits and underscores: what is left of up to `max` input bytes after
+// every other byte is dropped. May be empty.
+inline std::string consume_word(FuzzedDataProvider& input, std::size_t max) {
+  std::string word;
+  for (const char c : input.ConsumeRandomLengthString(max)) {
+    if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_')
+      word += c;
+  }
+  return word;
+}
+
+// Up to `max` input bytes without NUL, which would end a C string early.
+inline std::string consume_text(FuzzedDataProvider& input, std::size_t max) {
+  std::string text;
+  for (const char c : input.ConsumeRandomLengthString(max)) {
+    if (c != '\0') text += c;
+  }
+  return text;
 }
 
 // Reads the input front to back; past its end every byte reads as 0 and every run as empty,
