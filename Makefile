@@ -2,12 +2,17 @@
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 20
 
-.PHONY: all deps build test hostile test-i386 test-sanitize bench bench-build fuzz fuzz-run consumer demo install clean format
+.PHONY: all deps build test hostile test-i386 test-sanitize test-optimized build-clang coverage \
+	bench bench-build fuzz fuzz-run consumer demo install clean format
 
 all: build
 
+# Line coverage of mota/ that `make coverage` must reach. Raise it when coverage rises; never
+# lower it.
+COVERAGE_LINE_FLOOR ?= 0
+
 deps:
-	bash scripts/install-deps.sh
+	bash scripts/install-deps.sh build
 
 build: deps
 	cmake --preset dev
@@ -26,6 +31,28 @@ test-sanitize: deps
 	cmake --build --preset sanitize -j $(JOBS)
 	ctest --preset sanitize -j $(JOBS)
 
+# The suite as users build the library: optimized, with debug information.
+test-optimized: deps
+	cmake --preset optimized
+	cmake --build --preset optimized -j $(JOBS)
+	ctest --preset optimized -j $(JOBS)
+
+# Everything built with clang, warnings as errors, and its tests run.
+build-clang: deps
+	bash scripts/install-deps.sh clang
+	cmake --preset clang
+	cmake --build --preset clang -j $(JOBS)
+	ctest --preset clang -j $(JOBS)
+
+# The suite on an instrumented build, then line and branch coverage of mota/ (tests excluded).
+coverage: deps
+	bash scripts/install-deps.sh coverage
+	find build/coverage -name '*.gcda' -delete 2>/dev/null || true
+	cmake --preset coverage
+	cmake --build --preset coverage -j $(JOBS)
+	ctest --preset coverage -j $(JOBS)
+	bash scripts/coverage.sh build/coverage $(COVERAGE_LINE_FLOOR)
+
 # The whole suite on 32-bit x86. Exits 0 with an "i386: SKIPPED (reason)" line when the 32-bit
 # toolchain cannot be installed here; any build or test failure once installed is an error.
 test-i386: deps
@@ -35,6 +62,7 @@ test-i386: deps
 	cmake --preset i386 && cmake --build --preset i386 -j $(JOBS) && ctest --preset i386 -j $(JOBS)
 
 bench-build: deps
+	bash scripts/install-deps.sh bench
 	cmake --preset bench
 	cmake --build --preset bench -j $(JOBS)
 
@@ -42,6 +70,7 @@ bench: bench-build
 	bash scripts/run-bench.sh build/bench
 
 fuzz: deps
+	bash scripts/install-deps.sh fuzz
 	cmake --preset fuzz
 	cmake --build --preset fuzz -j $(JOBS)
 
@@ -58,6 +87,7 @@ install: build
 	cmake --install build/dev
 
 format:
+	bash scripts/install-deps.sh format
 	git ls-files '*.cpp' '*.hpp' | xargs clang-format -i
 
 clean:

@@ -1,17 +1,34 @@
 #!/usr/bin/env bash
-# Installs, with apt-get, whatever the build, the tests, the benchmarks and the fuzzers need and
-# the machine does not have yet. Safe to run again: with everything present it changes nothing.
+# Installs, with apt-get, what one kind of work needs and the machine does not have yet:
+#
+#   install-deps.sh [build] [bench] [fuzz] [clang] [format] [coverage]
+#
+# build (the default) is what the library, the tool and the tests need; the others add the
+# benchmark peers, clang for the fuzz targets or the clang warning build, clang-format, gcovr.
+# Safe to run again: with everything present it changes nothing.
 set -euo pipefail
 
-packages=(
-  cmake g++ make pkg-config git
-  libboost-filesystem-dev libboost-system-dev libboost-dev
-  libgtest-dev libgmock-dev googletest
-  libbenchmark-dev
-  clang libclang-rt-14-dev clang-format
-  # peers the benchmarks compare against
-  libicu-dev libexpat1-dev libpugixml-dev
+declare -A group=(
+  [build]="cmake g++ make pkg-config git libboost-filesystem-dev libboost-system-dev libboost-dev libgtest-dev libgmock-dev googletest"
+  [bench]="libbenchmark-dev libicu-dev libexpat1-dev libpugixml-dev"
+  [fuzz]="clang libclang-rt-14-dev"
+  [clang]="clang"
+  [format]="clang-format"
+  [coverage]="gcovr"
 )
+
+wanted=("$@")
+[ ${#wanted[@]} -eq 0 ] && wanted=(build)
+
+packages=()
+for name in "${wanted[@]}"; do
+  if [ -z "${group[$name]+set}" ]; then
+    echo "install-deps: unknown group \"$name\" (known: ${!group[*]})" >&2
+    exit 2
+  fi
+  read -r -a words <<<"${group[$name]}"
+  packages+=("${words[@]}")
+done
 
 missing=()
 for p in "${packages[@]}"; do
@@ -21,7 +38,7 @@ for p in "${packages[@]}"; do
 done
 
 if [ ${#missing[@]} -eq 0 ]; then
-  echo "install-deps: everything is present"
+  echo "install-deps: everything for ${wanted[*]} is present"
   exit 0
 fi
 

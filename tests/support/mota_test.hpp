@@ -1,49 +1,75 @@
-// Shared helpers for the unit tests: exception checks that look at type and text together,
-// and a scratch directory that removes itself.
+// Shared helpers for the unit tests: exception checks that look at type, text and throw site
+// together, and a scratch directory that removes itself.
 #ifndef MOTA_TESTS_SUPPORT_MOTA_TEST_HPP
 #define MOTA_TESTS_SUPPORT_MOTA_TEST_HPP
+
+#include <mota/exceptions/exception.hpp>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <type_traits>
+#include <typeinfo>
 
-// Expects `statement` to throw exactly `type` (caught by reference) whose get_message() is
-// `text`; works for the library's exception hierarchy.
-#define EXPECT_THROW_MSG(statement, type, text)                             \
-  do {                                                                      \
-    bool mota_caught_ = false;                                              \
-    try {                                                                   \
-      statement;                                                            \
-    } catch (const type& e) {                                               \
-      mota_caught_ = true;                                                  \
-      EXPECT_STREQ(text, e.get_message()) << "thrown by: " #statement;      \
-    } catch (...) {                                                         \
-      ADD_FAILURE() << #statement " threw an exception of another type";    \
-      mota_caught_ = true;                                                  \
-    }                                                                       \
-    if (!mota_caught_) ADD_FAILURE() << #statement " did not throw " #type; \
-  } while (false)
-
-// Expects `statement` to throw a standard exception of `type` whose what() is `text`.
-#define EXPECT_THROW_WHAT(statement, type, text)                            \
-  do {                                                                      \
-    bool mota_caught_ = false;                                              \
-    try {                                                                   \
-      statement;                                                            \
-    } catch (const type& e) {                                               \
-      mota_caught_ = true;                                                  \
-      EXPECT_STREQ(text, e.what()) << "thrown by: " #statement;             \
-    } catch (...) {                                                         \
-      ADD_FAILURE() << #statement " threw an exception of another type";    \
-      mota_caught_ = true;                                                  \
-    }                                                                       \
-    if (!mota_caught_) ADD_FAILURE() << #statement " did not throw " #type; \
-  } while (false)
+// The one family of throw checks. Each asserts in one step that `statement` throws an exception
+// of exactly `type` (not a class derived from it), with exactly the message `text`:
+//
+//   EXPECT_THROWS(d.day(32), mota::exceptions::out_of_range, "day value out of valid range",
+//                 "day");
+//   EXPECT_THROWS_STD(list.at(5u), std::out_of_range, "varg_list::at");
+//
+// For the library's exceptions the function name recorded at the throw site is checked too;
+// standard exceptions carry no throw site.
+#define EXPECT_THROWS(statement, type, text, function) \
+  EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, function)) << #statement
+#define EXPECT_THROWS_STD(statement, type, text) \
+  EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, nullptr)) << #statement
 
 namespace mota_test {
+
+// Runs `body` and describes how what it threw differs from the expectation. `function` is
+// compared only for the library's exceptions.
+template <class Expected, class Body>
+::testing::AssertionResult throws(Body&& body, const char* text, const char* function) {
+  static_assert(std::is_base_of_v<std::exception, Expected> ||
+                    std::is_base_of_v<mota::exceptions::exception, Expected>,
+                "EXPECT_THROWS checks the library's or the standard library's exceptions");
+  try {
+    body();
+  } catch (const Expected& e) {
+    if (typeid(e) != typeid(Expected))
+      return ::testing::AssertionFailure()
+             << "threw " << typeid(e).name() << ", a class derived from the one expected";
+    std::string message;
+    const char* where = nullptr;
+    if constexpr (std::is_base_of_v<std::exception, Expected>) {
+      message = e.what();
+    } else {
+      message = e.get_message();
+      where = e.get_state().function;
+    }
+    if (message != text)
+      return ::testing::AssertionFailure()
+             << "message \"" << message << "\", expected \"" << text << "\"";
+    if (function && std::string(where) != function)
+      return ::testing::AssertionFailure()
+             << "thrown by \"" << where << "\", expected \"" << function << "\"";
+    return ::testing::AssertionSuccess();
+  } catch (const mota::exceptions::exception& e) {
+    return ::testing::AssertionFailure() << "threw another library exception: " << typeid(e).name()
+                                         << " \"" << e.get_message() << "\"";
+  } catch (const std::exception& e) {
+    return ::testing::AssertionFailure()
+           << "threw another standard exception: " << typeid(e).name() << " \"" << e.what() << "\"";
+  } catch (...) {
+    return ::testing::AssertionFailure() << "threw something that is not an exception class";
+  }
+  return ::testing::AssertionFailure() << "threw nothing";
+}
 
 // A fresh directory under the system's temporary directory, removed with everything in it
 // when the object goes out of scope.
