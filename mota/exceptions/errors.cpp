@@ -27,13 +27,63 @@ const char* runtime_error::get_message() const {
   return m_message.c_str();
 }
 
-MOTA_DEFINE_EXCEPTION(out_of_range, logic_error);
-MOTA_DEFINE_EXCEPTION(length_error, logic_error);
-MOTA_DEFINE_EXCEPTION(invalid_argument_value, logic_error);
-MOTA_DEFINE_EXCEPTION(overflow_error, runtime_error);
-MOTA_DEFINE_EXCEPTION(underflow_error, runtime_error);
-MOTA_DEFINE_EXCEPTION(empty_error, runtime_error);
-MOTA_DEFINE_EXCEPTION(full_error, runtime_error);
+out_of_range::out_of_range(const std::string& message, unsigned int line, const char* file,
+                           const char* function)
+    : logic_error(message, line, file, function) {}
+out_of_range::out_of_range(const std::string& message, const exception::state& state)
+    : logic_error(message, state) {}
+out_of_range::out_of_range(const out_of_range& other) : logic_error(other) {}
+out_of_range::~out_of_range() = default;
+
+length_error::length_error(const std::string& message, unsigned int line, const char* file,
+                           const char* function)
+    : logic_error(message, line, file, function) {}
+length_error::length_error(const std::string& message, const exception::state& state)
+    : logic_error(message, state) {}
+length_error::length_error(const length_error& other) : logic_error(other) {}
+length_error::~length_error() = default;
+
+invalid_argument_value::invalid_argument_value(const std::string& message, unsigned int line,
+                                               const char* file, const char* function)
+    : logic_error(message, line, file, function) {}
+invalid_argument_value::invalid_argument_value(const std::string& message,
+                                               const exception::state& state)
+    : logic_error(message, state) {}
+invalid_argument_value::invalid_argument_value(const invalid_argument_value& other)
+    : logic_error(other) {}
+invalid_argument_value::~invalid_argument_value() = default;
+
+overflow_error::overflow_error(const std::string& message, unsigned int line, const char* file,
+                               const char* function)
+    : runtime_error(message, line, file, function) {}
+overflow_error::overflow_error(const std::string& message, const exception::state& state)
+    : runtime_error(message, state) {}
+overflow_error::overflow_error(const overflow_error& other) : runtime_error(other) {}
+overflow_error::~overflow_error() = default;
+
+underflow_error::underflow_error(const std::string& message, unsigned int line, const char* file,
+                                 const char* function)
+    : runtime_error(message, line, file, function) {}
+underflow_error::underflow_error(const std::string& message, const exception::state& state)
+    : runtime_error(message, state) {}
+underflow_error::underflow_error(const underflow_error& other) : runtime_error(other) {}
+underflow_error::~underflow_error() = default;
+
+empty_error::empty_error(const std::string& message, unsigned int line, const char* file,
+                         const char* function)
+    : runtime_error(message, line, file, function) {}
+empty_error::empty_error(const std::string& message, const exception::state& state)
+    : runtime_error(message, state) {}
+empty_error::empty_error(const empty_error& other) : runtime_error(other) {}
+empty_error::~empty_error() = default;
+
+full_error::full_error(const std::string& message, unsigned int line, const char* file,
+                       const char* function)
+    : runtime_error(message, line, file, function) {}
+full_error::full_error(const std::string& message, const exception::state& state)
+    : runtime_error(message, state) {}
+full_error::full_error(const full_error& other) : runtime_error(other) {}
+full_error::~full_error() = default;
 
 }  // namespace exceptions
 }  // namespace MOTA_2_18

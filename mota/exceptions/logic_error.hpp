@@ -5,7 +5,6 @@
 #ifndef MOTA_EXCEPTIONS_LOGIC_ERROR_HPP
 #define MOTA_EXCEPTIONS_LOGIC_ERROR_HPP
 
-#include <mota/exceptions/_private/declare_exception.hpp>
 #include <mota/exceptions/exception.hpp>
 
 #include <string>
@@ -29,11 +28,34 @@ class MOTA_API logic_error : public exception {
 };
 
 // A value outside its valid range (date and time fields, indexes).
-MOTA_DECLARE_EXCEPTION(out_of_range, logic_error);
+class MOTA_API out_of_range : public logic_error {
+ public:
+  out_of_range(const std::string& message, unsigned int line, const char* file,
+               const char* function);
+  out_of_range(const std::string& message, const exception::state& state);
+  out_of_range(const out_of_range& other);
+  ~out_of_range() override;
+};
+
 // A length that cannot be honoured.
-MOTA_DECLARE_EXCEPTION(length_error, logic_error);
+class MOTA_API length_error : public logic_error {
+ public:
+  length_error(const std::string& message, unsigned int line, const char* file,
+               const char* function);
+  length_error(const std::string& message, const exception::state& state);
+  length_error(const length_error& other);
+  ~length_error() override;
+};
+
 // An argument with a forbidden value (a bad radix, a bad code page).
-MOTA_DECLARE_EXCEPTION(invalid_argument_value, logic_error);
+class MOTA_API invalid_argument_value : public logic_error {
+ public:
+  invalid_argument_value(const std::string& message, unsigned int line, const char* file,
+                         const char* function);
+  invalid_argument_value(const std::string& message, const exception::state& state);
+  invalid_argument_value(const invalid_argument_value& other);
+  ~invalid_argument_value() override;
+};
 
 }  // namespace exceptions
 }  // namespace MOTA_2_18

@@ -6,7 +6,6 @@
 #ifndef MOTA_EXCEPTIONS_RUNTIME_ERROR_HPP
 #define MOTA_EXCEPTIONS_RUNTIME_ERROR_HPP
 
-#include <mota/exceptions/_private/declare_exception.hpp>
 #include <mota/exceptions/exception.hpp>
 
 #include <string>
@@ -30,13 +29,43 @@ class MOTA_API runtime_error : public exception {
 };
 
 // A number too large for its target type.
-MOTA_DECLARE_EXCEPTION(overflow_error, runtime_error);
+class MOTA_API overflow_error : public runtime_error {
+ public:
+  overflow_error(const std::string& message, unsigned int line, const char* file,
+                 const char* function);
+  overflow_error(const std::string& message, const exception::state& state);
+  overflow_error(const overflow_error& other);
+  ~overflow_error() override;
+};
+
 // A number too small for its target type.
-MOTA_DECLARE_EXCEPTION(underflow_error, runtime_error);
+class MOTA_API underflow_error : public runtime_error {
+ public:
+  underflow_error(const std::string& message, unsigned int line, const char* file,
+                  const char* function);
+  underflow_error(const std::string& message, const exception::state& state);
+  underflow_error(const underflow_error& other);
+  ~underflow_error() override;
+};
+
 // An operation on an empty container or source.
-MOTA_DECLARE_EXCEPTION(empty_error, runtime_error);
+class MOTA_API empty_error : public runtime_error {
+ public:
+  empty_error(const std::string& message, unsigned int line, const char* file,
+              const char* function);
+  empty_error(const std::string& message, const exception::state& state);
+  empty_error(const empty_error& other);
+  ~empty_error() override;
+};
+
 // An operation on a full container.
-MOTA_DECLARE_EXCEPTION(full_error, runtime_error);
+class MOTA_API full_error : public runtime_error {
+ public:
+  full_error(const std::string& message, unsigned int line, const char* file, const char* function);
+  full_error(const std::string& message, const exception::state& state);
+  full_error(const full_error& other);
+  ~full_error() override;
+};
 
 }  // namespace exceptions
 }  // namespace MOTA_2_18

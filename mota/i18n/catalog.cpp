@@ -1,5 +1,6 @@
 #include <mota/i18n/catalog.hpp>
 
+#include <mota/i18n/_private/locale_name.hpp>
 #include <mota/strings/utf.hpp>
 
 #include <utility>
@@ -91,13 +92,7 @@ catalog_t::language_iterator catalog_t::languages_end() const {
 }
 
 bool catalog_t::is_language_loaded(const strings::ustring8& lang) const {
-  strings::ustring8 normal(lang);
-  for (char& c : normal) {
-    if (c == '.') c = '_';
-  }
-  for (char& c : normal) {
-    if (c == '-') c = '_';
-  }
+  const strings::ustring8 normal = _private::underscored_locale(lang);
   if (m_languages.empty()) gen_lang_set();
   return m_languages.find(normal) != m_languages.end();
 }

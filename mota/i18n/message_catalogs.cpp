@@ -1,6 +1,10 @@
 #include <mota/i18n/message_catalogs.hpp>
 
+#include <mota/i18n/_private/locale_name.hpp>
+#include <mota/strings/_private/ascii_lower.hpp>
+#include <mota/strings/_private/to_utf8.hpp>
 #include <mota/strings/utf.hpp>
+#include <mota/system/_private/resolved_path.hpp>
 #include <mota/system/file_utility.hpp>
 #include <mota/system/io.hpp>
 
@@ -22,28 +26,12 @@ const char kResultPrefix[] = "message_catalogs::result_type - ";
 // Directory trees nested deeper than this are not walked further.
 constexpr unsigned int kMaxDirectoryDepth = 64;
 
-strings::ustring8 u8(const strings::ustring16& text) {
-  return strings::utf16_to_utf8(text);
-}
-strings::ustring8 u8(const strings::ustring32& text) {
-  return strings::utf32_to_utf8(text);
-}
+using strings::_private::to_utf8;
 
 bool has_catalog_suffix(const strings::ustring8& path) {
   if (path.size() < 4) return false;
-  std::string tail = path.substr(path.size() - 4);
-  for (char& c : tail) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  const std::string tail = strings::_private::ascii_lower(path.substr(path.size() - 4));
   return tail == ".xmc" || tail == ".xml";
-}
-
-strings::ustring8 directory_identity(const strings::ustring8& path) {
-  char* resolved = ::realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) return path;
-  strings::ustring8 out(resolved);
-  std::free(resolved);
-  return out;
 }
 
 const char* headline(int kind) {
@@ -163,7 +151,7 @@ message_catalogs::result_type message_catalogs::load_directory_impl(
   if (!system::io::exists(dir)) return result_type(directory_not_found, dir);
   // A directory reached again through a link, or a tree nested without end, is not walked
   // again.
-  std::string identity = directory_identity(dir);
+  std::string identity = system::_private::resolved_path(dir);
   if (visited.count(identity) != 0) return result_type(no_error, strings::ustring8());
   if (depth >= kMaxDirectoryDepth) return result_type(no_error, strings::ustring8());
   visited.insert(std::move(identity));
@@ -210,41 +198,31 @@ message_catalogs::result_type message_catalogs::load_list_impl(
 
 namespace {
 
-template <class S, class Convert>
-std::vector<strings::ustring8> to_utf8_paths(const std::vector<S>& paths, Convert convert) {
+template <class S>
+std::vector<strings::ustring8> to_utf8_paths(const std::vector<S>& paths) {
   std::vector<strings::ustring8> out;
   out.reserve(paths.size());
   for (const S& path : paths)
-    out.push_back(convert(path));
+    out.push_back(to_utf8(path));
   return out;
-}
-
-strings::ustring8 same(const std::string& text) {
-  return strings::ustring8(text);
-}
-strings::ustring8 from16(const strings::ustring16& text) {
-  return strings::utf16_to_utf8(text);
-}
-strings::ustring8 from32(const std::wstring& text) {
-  return strings::utf32_to_utf8(strings::ustring32(text));
 }
 
 }  // namespace
 
 #define MOTA_I18N_WIDE_FORMS(ret, name)                                                       \
   ret message_catalogs::name(const strings::ustring16& a, const strings::ustring16& locale) { \
-    return name(u8(a), u8(locale));                                                           \
+    return name(to_utf8(a), to_utf8(locale));                                                 \
   }                                                                                           \
   ret message_catalogs::name(const strings::ustring32& a, const strings::ustring32& locale) { \
-    return name(u8(a), u8(locale));                                                           \
+    return name(to_utf8(a), to_utf8(locale));                                                 \
   }                                                                                           \
   ret message_catalogs::name(const strings::ustring16& a, const strings::ustring16& locale,   \
                              const strings::ustring16& id) {                                  \
-    return name(u8(a), u8(locale), u8(id));                                                   \
+    return name(to_utf8(a), to_utf8(locale), to_utf8(id));                                    \
   }                                                                                           \
   ret message_catalogs::name(const strings::ustring32& a, const strings::ustring32& locale,   \
                              const strings::ustring32& id) {                                  \
-    return name(u8(a), u8(locale), u8(id));                                                   \
+    return name(to_utf8(a), to_utf8(locale), to_utf8(id));                                    \
   }
 
 message_catalogs::result_type message_catalogs::load(const strings::ustring8& path,
@@ -290,19 +268,19 @@ message_catalogs::result_type message_catalogs::load(const std::vector<strings::
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<strings::ustring16>& paths,
                                                      const strings::ustring16& locale) {
-  return load_list_impl(to_utf8_paths(paths, from16), u8(locale), nullptr);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), nullptr);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<strings::ustring32>& paths,
                                                      const strings::ustring32& locale) {
-  return load_list_impl(to_utf8_paths(paths, from32), u8(locale), nullptr);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), nullptr);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<std::string>& paths,
                                                      const strings::ustring8& locale) {
-  return load_list_impl(to_utf8_paths(paths, same), locale, nullptr);
+  return load_list_impl(to_utf8_paths(paths), locale, nullptr);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<std::wstring>& paths,
                                                      const strings::ustring32& locale) {
-  return load_list_impl(to_utf8_paths(paths, from32), u8(locale), nullptr);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), nullptr);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<strings::ustring8>& paths,
                                                      const strings::ustring8& locale,
@@ -312,25 +290,25 @@ message_catalogs::result_type message_catalogs::load(const std::vector<strings::
 message_catalogs::result_type message_catalogs::load(const std::vector<strings::ustring16>& paths,
                                                      const strings::ustring16& locale,
                                                      const strings::ustring16& catalog_id) {
-  strings::ustring8 id = u8(catalog_id);
-  return load_list_impl(to_utf8_paths(paths, from16), u8(locale), &id);
+  strings::ustring8 id = to_utf8(catalog_id);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), &id);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<strings::ustring32>& paths,
                                                      const strings::ustring32& locale,
                                                      const strings::ustring32& catalog_id) {
-  strings::ustring8 id = u8(catalog_id);
-  return load_list_impl(to_utf8_paths(paths, from32), u8(locale), &id);
+  strings::ustring8 id = to_utf8(catalog_id);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), &id);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<std::string>& paths,
                                                      const strings::ustring8& locale,
                                                      const strings::ustring8& catalog_id) {
-  return load_list_impl(to_utf8_paths(paths, same), locale, &catalog_id);
+  return load_list_impl(to_utf8_paths(paths), locale, &catalog_id);
 }
 message_catalogs::result_type message_catalogs::load(const std::vector<std::wstring>& paths,
                                                      const strings::ustring32& locale,
                                                      const strings::ustring32& catalog_id) {
-  strings::ustring8 id = u8(catalog_id);
-  return load_list_impl(to_utf8_paths(paths, from32), u8(locale), &id);
+  strings::ustring8 id = to_utf8(catalog_id);
+  return load_list_impl(to_utf8_paths(paths), to_utf8(locale), &id);
 }
 
 // --- lookups ---------------------------------------------------------------------------------
@@ -340,23 +318,15 @@ bool message_catalogs::has_catalog(const strings::ustring8& name) const {
   return found != m_catalogs.end() && found->second;
 }
 bool message_catalogs::has_catalog(const strings::ustring16& name) const {
-  return has_catalog(u8(name));
+  return has_catalog(to_utf8(name));
 }
 bool message_catalogs::has_catalog(const strings::ustring32& name) const {
-  return has_catalog(u8(name));
+  return has_catalog(to_utf8(name));
 }
 
 bool message_catalogs::has_catalog(const strings::ustring8& name,
                                    const strings::ustring8& locale) const {
-  strings::ustring8 normal(locale);
-  if (normal.size() != 1) {
-    for (char& c : normal) {
-      if (c == '.') c = '_';
-    }
-    for (char& c : normal) {
-      if (c == '-') c = '_';
-    }
-  }
+  const strings::ustring8 normal = _private::normalise_locale(locale);
   auto found = m_catalogs.find(name);
   if (found == m_catalogs.end() || !found->second) return false;
   const catalog_t& cat = *found->second;
@@ -367,11 +337,11 @@ bool message_catalogs::has_catalog(const strings::ustring8& name,
 }
 bool message_catalogs::has_catalog(const strings::ustring16& name,
                                    const strings::ustring16& locale) const {
-  return has_catalog(u8(name), u8(locale));
+  return has_catalog(to_utf8(name), to_utf8(locale));
 }
 bool message_catalogs::has_catalog(const strings::ustring32& name,
                                    const strings::ustring32& locale) const {
-  return has_catalog(u8(name), u8(locale));
+  return has_catalog(to_utf8(name), to_utf8(locale));
 }
 
 const catalog_t& message_catalogs::catalog(const strings::ustring8& name) const {
@@ -379,10 +349,10 @@ const catalog_t& message_catalogs::catalog(const strings::ustring8& name) const 
   return found == m_catalogs.end() || !found->second ? s_nil_catalog : *found->second;
 }
 const catalog_t& message_catalogs::catalog(const strings::ustring16& name) const {
-  return catalog(u8(name));
+  return catalog(to_utf8(name));
 }
 const catalog_t& message_catalogs::catalog(const strings::ustring32& name) const {
-  return catalog(u8(name));
+  return catalog(to_utf8(name));
 }
 
 const message_t& message_catalogs::message(const strings::ustring8& catalog,
@@ -393,11 +363,11 @@ const message_t& message_catalogs::message(const strings::ustring8& catalog,
 }
 const message_t& message_catalogs::message(const strings::ustring16& catalog,
                                            const strings::ustring16& name) const {
-  return message(u8(catalog), u8(name));
+  return message(to_utf8(catalog), to_utf8(name));
 }
 const message_t& message_catalogs::message(const strings::ustring32& catalog,
                                            const strings::ustring32& name) const {
-  return message(u8(catalog), u8(name));
+  return message(to_utf8(catalog), to_utf8(name));
 }
 
 bool message_catalogs::has_message(const strings::ustring8& catalog,
@@ -407,21 +377,21 @@ bool message_catalogs::has_message(const strings::ustring8& catalog,
 }
 bool message_catalogs::has_message(const strings::ustring16& catalog,
                                    const strings::ustring16& name) const {
-  return has_message(u8(catalog), u8(name));
+  return has_message(to_utf8(catalog), to_utf8(name));
 }
 bool message_catalogs::has_message(const strings::ustring32& catalog,
                                    const strings::ustring32& name) const {
-  return has_message(u8(catalog), u8(name));
+  return has_message(to_utf8(catalog), to_utf8(name));
 }
 
 std::size_t message_catalogs::size(const strings::ustring8& catalog) const {
   return this->catalog(catalog).size();
 }
 std::size_t message_catalogs::size(const strings::ustring16& catalog) const {
-  return size(u8(catalog));
+  return size(to_utf8(catalog));
 }
 std::size_t message_catalogs::size(const strings::ustring32& catalog) const {
-  return size(u8(catalog));
+  return size(to_utf8(catalog));
 }
 
 message_catalogs::message_iterator message_catalogs::begin(const strings::ustring8& catalog) const {
@@ -429,20 +399,20 @@ message_catalogs::message_iterator message_catalogs::begin(const strings::ustrin
 }
 message_catalogs::message_iterator message_catalogs::begin(
     const strings::ustring16& catalog) const {
-  return begin(u8(catalog));
+  return begin(to_utf8(catalog));
 }
 message_catalogs::message_iterator message_catalogs::begin(
     const strings::ustring32& catalog) const {
-  return begin(u8(catalog));
+  return begin(to_utf8(catalog));
 }
 message_catalogs::message_iterator message_catalogs::end(const strings::ustring8& catalog) const {
   return this->catalog(catalog).end();
 }
 message_catalogs::message_iterator message_catalogs::end(const strings::ustring16& catalog) const {
-  return end(u8(catalog));
+  return end(to_utf8(catalog));
 }
 message_catalogs::message_iterator message_catalogs::end(const strings::ustring32& catalog) const {
-  return end(u8(catalog));
+  return end(to_utf8(catalog));
 }
 
 void message_catalogs::erase() {
@@ -452,10 +422,10 @@ void message_catalogs::erase(const strings::ustring8& catalog) {
   m_catalogs.erase(catalog);
 }
 void message_catalogs::erase(const strings::ustring16& catalog) {
-  erase(u8(catalog));
+  erase(to_utf8(catalog));
 }
 void message_catalogs::erase(const strings::ustring32& catalog) {
-  erase(u8(catalog));
+  erase(to_utf8(catalog));
 }
 
 void message_catalogs::set_resolve_container(const resolve_container& container) {

@@ -2,6 +2,7 @@
 
 #include <mota/exceptions/_private/throw.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
+#include <mota/strings/_private/to_utf8.hpp>
 #include <mota/strings/utf.hpp>
 #include <mota/system/_private/make_path.hpp>
 #include <mota/system/io.hpp>
@@ -26,15 +27,7 @@ namespace {
 // The 64-bit stat and readdir forms are used throughout so that files of 2 GiB or more and
 // large inode numbers are seen on 32-bit builds as well.
 
-const std::string& to_utf8(const strings::ustring8& path) {
-  return path;
-}
-strings::ustring8 to_utf8(const strings::ustring16& path) {
-  return strings::utf16_to_utf8(path);
-}
-strings::ustring8 to_utf8(const strings::ustring32& path) {
-  return strings::utf32_to_utf8(path);
-}
+using strings::_private::to_utf8;
 
 // The pointer only selects the target encoding.
 strings::ustring16 from_utf8(const strings::ustring8& path, const strings::ustring16*) {

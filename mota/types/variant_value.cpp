@@ -1,5 +1,6 @@
 #include <mota/types/variant_value.hpp>
 
+#include <mota/generic/convert/_private/decimal_length.hpp>
 #include <mota/generic/convert/str_to_bool.hpp>
 #include <mota/generic/convert/str_to_float.hpp>
 #include <mota/generic/convert/str_to_x.hpp>
@@ -133,20 +134,6 @@ R to_floating(T const& value, Parse parse) {
   }
 }
 
-// Number of decimal digits of `value`.
-template <class U>
-std::size_t decimal_digits(U value) {
-  std::size_t n = 1;
-  for (;;) {
-    if (value < 10) return n;
-    if (value < 100) return n + 1;
-    if (value < 1000) return n + 2;
-    if (value < 10000) return n + 3;
-    value = static_cast<U>(value / 10000);
-    n += 4;
-  }
-}
-
 // Calls the library's integer-to-text routine for the held type's width and sign.
 template <class W, class C>
 void write_integer(W value, C* out) {
@@ -175,7 +162,7 @@ S integer_text(T value) {
   const U magnitude = negative ? static_cast<U>(U(0) - static_cast<U>(wide)) : static_cast<U>(wide);
   typename S::value_type buffer[24];  // 20 digits, a sign and the terminator fit
   write_integer(wide, buffer);
-  return S(buffer, decimal_digits(magnitude) + (negative ? 1 : 0));
+  return S(buffer, convert::_private::decimal_length(magnitude) + (negative ? 1 : 0));
 }
 
 // Floating values are written by a default-formatted string stream.

@@ -1,5 +1,7 @@
 #include <mota/generic/convert/x_to_str.hpp>
 
+#include <mota/generic/convert/_private/decimal_length.hpp>
+
 namespace MOTA_2_18 {
 namespace generic {
 namespace convert {
@@ -14,19 +16,6 @@ constexpr char decimal_pairs[] =
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
     "8081828384858687888990919293949596979899";
 
-template <typename U>
-unsigned int decimal_length(U value) {
-  unsigned int n = 1;
-  for (;;) {
-    if (value < 10) return n;
-    if (value < 100) return n + 1;
-    if (value < 1000) return n + 2;
-    if (value < 10000) return n + 3;
-    value = static_cast<U>(value / 10000);
-    n += 4;
-  }
-}
-
 // Writes the digits of `value` followed by a terminating zero; returns the terminator's place.
 // Digits are produced least significant first. Decimal text and powers of two, whose length is
 // known beforehand, are written from the far end (decimal two digits at a time); other radixes
@@ -34,7 +23,7 @@ unsigned int decimal_length(U value) {
 template <typename U, typename C>
 C* write_digits(U value, C* out, unsigned int radix) {
   if (radix == 10) {
-    const unsigned int length = decimal_length(value);
+    const unsigned int length = _private::decimal_length(value);
     C* p = out + length;
     *p = 0;
     while (value >= 100) {

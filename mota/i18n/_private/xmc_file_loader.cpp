@@ -1,5 +1,9 @@
 #include <mota/i18n/_private/xmc_file_loader.hpp>
 
+#include <mota/i18n/_private/locale_name.hpp>
+#include <mota/strings/_private/ascii_lower.hpp>
+#include <mota/system/_private/resolved_path.hpp>
+
 #include <mota/parser/xml_token_stream.hpp>
 #include <mota/system/file_utility.hpp>
 #include <mota/system/io.hpp>
@@ -55,19 +59,6 @@ strings::ustring8 unknown_value(Enum value) {
   return out;
 }
 
-// Locales compare with "." and "-" read as "_"; a one-byte locale such as "." is kept.
-strings::ustring8 normalise_locale(const strings::ustring8& locale) {
-  strings::ustring8 out(locale);
-  if (out.size() == 1) return out;
-  for (char& c : out) {
-    if (c == '.') c = '_';
-  }
-  for (char& c : out) {
-    if (c == '-') c = '_';
-  }
-  return out;
-}
-
 // Format attributes an argument element may carry besides "name" and "type".
 bool is_format_key(const strings::ustring8& key) {
   static const char* const kKeys[] = {"precision", "prec",      "fieldsize", "spaced_dec",
@@ -80,10 +71,7 @@ bool is_format_key(const strings::ustring8& key) {
 }
 
 message_item::type_t type_from_keyword(const strings::ustring8& keyword) {
-  std::string word(keyword);
-  for (char& c : word) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  const std::string word = strings::_private::ascii_lower(keyword);
   static const struct {
     const char* word;
     message_item::type_t type;
@@ -112,15 +100,6 @@ bool is_relative(const strings::ustring8& path) {
   if (path[0] == '/' || path[0] == '\\') return false;
   if (path.size() >= 3 && path[1] == ':') return false;
   return true;
-}
-
-// The identity of a file for cycle checks: its resolved path when it can be resolved.
-strings::ustring8 file_identity(const strings::ustring8& path) {
-  char* resolved = ::realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) return path;
-  strings::ustring8 out(resolved);
-  std::free(resolved);
-  return out;
 }
 
 }  // namespace
@@ -580,7 +559,7 @@ load_error xmc_file_loader::parse_file(const strings::ustring8& path) {
   if (!system::io::exists(path)) return load_error(file_not_found, path);
 
   // Refuse include cycles and runaway nesting before reading anything.
-  strings::ustring8 identity = file_identity(path);
+  strings::ustring8 identity = system::_private::resolved_path(path);
   bool cycle = false;
   for (const open_file& open : m_open_files) {
     if (open.identity == identity) cycle = true;
@@ -603,7 +582,7 @@ load_error xmc_file_loader::parse_file(const strings::ustring8& path) {
   const bool included = m_nesting != 0;
   std::string key;
   if (included) {
-    key = file_identity(base);
+    key = system::_private::resolved_path(base);
     key.push_back('\0');
     key.append(path, cut == strings::ustring8::npos ? 0 : cut + 1, strings::ustring8::npos);
     auto found = m_loaded.find(key);
