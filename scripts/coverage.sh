@@ -14,6 +14,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 gcovr --root "$root" --object-directory "$build" \
   --filter "$root/mota/" --exclude '.*_test\.cpp$' \
+  --exclude-directories '.*/CMakeFiles/[0-9.]+/.*' \
   --exclude-throw-branches --exclude-unreachable-branches \
   --print-summary --fail-under-line "$floor" \
   --txt "$build/coverage.txt" || {
