@@ -78,11 +78,12 @@ TEST(VargList, PositionalAccessIsRangeChecked) {
   EXPECT_EQ("z", list.at(0u).name());
   const varg_list& constant = list;
   EXPECT_EQ(26, constant[0u].value().as_int());
-  EXPECT_THROW_WHAT(list.at(5u), std::out_of_range,
+  EXPECT_THROWS_STD(list.at(5u), std::out_of_range,
                     "vector::_M_range_check: __n (which is 5) >= this->size() (which is 3)");
-  EXPECT_THROW_WHAT(list[3u], std::out_of_range,
+  EXPECT_THROWS_STD(list[3u], std::out_of_range,
                     "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)");
-  EXPECT_THROW(constant[4u], std::out_of_range);
+  EXPECT_THROWS_STD(constant[4u], std::out_of_range,
+                    "vector::_M_range_check: __n (which is 4) >= this->size() (which is 3)");
 }
 
 TEST(VargList, NameLookupsFallBackToTheNilArgument) {

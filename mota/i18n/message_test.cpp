@@ -125,7 +125,8 @@ TEST(Message, FieldsAssignmentAndNil) {
   EXPECT_EQ("de_DE", m._orginal_locale("de_DE"));
   message_t copy;
   copy = m;
-  copy = copy;  // self-assignment keeps everything
+  message_t& same = copy;
+  copy = same;  // self-assignment keeps everything
   EXPECT_EQ("other", copy.name());
   EXPECT_EQ("meta text", copy.meta());
   EXPECT_EQ("de_DE", copy._orginal_locale());

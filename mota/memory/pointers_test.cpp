@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 namespace {
@@ -31,6 +30,13 @@ counted* make_owned() {
   return c;
 }
 
+// Drops one owner out of line: inlined, GCC 12 follows the path on which the count reaches zero
+// and then warns that the other owner reads freed memory, which the count rules out.
+template <class Pointer>
+[[gnu::noinline]] void drop(Pointer& pointer) {
+  pointer.reset();
+}
+
 }  // namespace
 
 using mota::memory::pointers::rc_pointer;
@@ -44,7 +50,8 @@ TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
       rc_pointer<counted> b = a;
       rc_pointer<counted> c;
       c = b;
-      c = c;
+      rc_pointer<counted>& same = c;
+      c = same;  // self-assignment changes nothing
       EXPECT_EQ(3, a->reference_count());
       EXPECT_EQ(a, c);
     }
@@ -56,13 +63,14 @@ TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
 }
 
 TEST(RcPointer, WithoutTheDeleteFlagTheObjectSurvives) {
-  counted on_stack;
+  auto* unowned = new counted;
   {
-    rc_pointer<counted> p(&on_stack);
-    EXPECT_EQ(1, on_stack.reference_count());
+    rc_pointer<counted> p(unowned);
+    EXPECT_EQ(1, unowned->reference_count());
   }
-  EXPECT_EQ(0, on_stack.reference_count());
+  EXPECT_EQ(0, unowned->reference_count());
   EXPECT_EQ(1, g_alive);
+  delete unowned;
 }
 
 TEST(RcPointer, CloneStartsUncounted) {
@@ -84,7 +92,7 @@ TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
     shared_pointer<plain> a(new plain(&alive));
     shared_pointer<plain> b = a;
     EXPECT_EQ(2, a.use_count());
-    b.reset();
+    drop(b);
     EXPECT_EQ(1, a.use_count());
     EXPECT_EQ(0, b.use_count());
     EXPECT_FALSE(b);
@@ -94,19 +102,8 @@ TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
 
 TEST(SharedPointer, DereferencingAnEmptyPointerThrows) {
   shared_pointer<std::string> empty;
-  EXPECT_THROW_MSG(empty->size(), mota::exceptions::logic_error, "unreferanced object");
-  EXPECT_THROW_MSG(*empty, mota::exceptions::logic_error, "unreferanced object");
-  try {
-    empty->size();
-  } catch (const mota::exceptions::logic_error& e) {
-    EXPECT_STREQ("operator->", e.get_state().function);
-    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "shared_pointer.hpp"));
-  }
-  try {
-    *empty;
-  } catch (const mota::exceptions::logic_error& e) {
-    EXPECT_STREQ("operator*", e.get_state().function);
-  }
+  EXPECT_THROWS(empty->size(), mota::exceptions::logic_error, "unreferanced object", "operator->");
+  EXPECT_THROWS(*empty, mota::exceptions::logic_error, "unreferanced object", "operator*");
   // get() and the bool test stay silent
   EXPECT_EQ(nullptr, empty.get());
   EXPECT_FALSE(empty);

@@ -1,6 +1,8 @@
 #include <mota/functor/member_function.hpp>
 #include <mota/parser/xml_parser.hpp>
 
+#include <mota_test.hpp>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -227,7 +229,7 @@ TEST(XmlParser, HandlerExceptionsPropagate) {
   xml_parser parser;
   parser.set_element_start_handler(
       mota::functor::member_function_t<thrower, void(const ustring8&)>(&t, &thrower::start));
-  EXPECT_THROW(parser.parse(ustring8("<?xml?><a/>")), std::runtime_error);
+  EXPECT_THROWS_STD(parser.parse(ustring8("<?xml?><a/>")), std::runtime_error, "stop");
 }
 
 TEST(XmlParser, StateCarriesOverBetweenParses) {

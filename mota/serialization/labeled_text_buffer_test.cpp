@@ -97,13 +97,13 @@ TEST(LabeledTextBuffer, MalformedTextThrowsAndKeepsWhatWasRead) {
   labeled_text_buffer tree;
   // The second label's length overshoots, so its value is read from beyond the text.
   const std::string text = item("a") + item("1") + "20\x01" + "zz\x01" + item("c");
-  EXPECT_THROW_WHAT(tree.assign(text), std::out_of_range,
+  EXPECT_THROWS_STD(tree.assign(text), std::out_of_range,
                     "basic_string::substr: __pos (which is 32) > this->size() (which is 18)");
   EXPECT_EQ("1", tree.retrieve_value("a").as_string());
   EXPECT_FALSE(tree.has_label("c"));
 
   // Inside a group the same fault reports its position in the group's own text.
-  EXPECT_THROW_WHAT(tree.assign(item("a") + item("1") + item("k ") + item(text)), std::out_of_range,
+  EXPECT_THROWS_STD(tree.assign(item("a") + item("1") + item("k ") + item(text)), std::out_of_range,
                     "basic_string::substr: __pos (which is 32) > this->size() (which is 18)");
   EXPECT_EQ("1", tree.retrieve_value("a").as_string());
   ASSERT_NE(nullptr, tree.retrieve_group("k"));

@@ -66,12 +66,12 @@ TEST(SerializeBinaryBuf, TruncatedValuesReadAsZeroPaddedAndEndTheBuffer) {
   // no bytes can be taken; afterwards the buffer reads as ended.
   serialize_binary_buf short_length(std::string("ab\x05\x00", 4));
   EXPECT_EQ('a', short_length.read_int8());
-  EXPECT_THROW_WHAT(short_length.read_string(), std::out_of_range,
+  EXPECT_THROWS_STD(short_length.read_string(), std::out_of_range,
                     "basic_string::substr: __pos (which is 5) > this->size() (which is 4)");
   EXPECT_TRUE(short_length.at_end());
   EXPECT_EQ("", short_length.read_string());
   serialize_binary_buf short_buffer(std::string("\x05\x00\x00", 3));
-  EXPECT_THROW_WHAT(short_buffer.read_buffer(), std::out_of_range,
+  EXPECT_THROWS_STD(short_buffer.read_buffer(), std::out_of_range,
                     "basic_string::substr: __pos (which is 4) > this->size() (which is 3)");
 
   // A string announcing more bytes than remain gives those that remain.

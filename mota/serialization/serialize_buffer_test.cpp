@@ -94,7 +94,9 @@ TEST(SerializeBuffer, AssignKeepsThePositionAndClonesContinueWhereTheSourceStood
 
     rc_pointer<serialize_buffer> clone(buf->clone());
     EXPECT_TRUE(clone->delete_on_zero());
-    EXPECT_EQ(typeid(*buf), typeid(*clone));
+    const serialize_buffer& original = *buf;
+    const serialize_buffer& cloned = *clone;
+    EXPECT_EQ(typeid(original), typeid(cloned));
     EXPECT_EQ(6, clone->read_int32());
     EXPECT_EQ(6, buf->read_int32());
     buf->assign(*buf);
@@ -115,7 +117,9 @@ TEST(SerializeBuffer, NestedBuffersTakeTheReadersEncoding) {
     buf->append_buffer(*buf);  // itself as it stood before this append
     buf->append_int8(1);
     rc_pointer<serialize_buffer> inner(buf->read_buffer());
-    EXPECT_EQ(typeid(*buf), typeid(*inner));
+    const serialize_buffer& outer = *buf;
+    const serialize_buffer& nested = *inner;
+    EXPECT_EQ(typeid(outer), typeid(nested));
     EXPECT_TRUE(inner->delete_on_zero());
     EXPECT_EQ("5\x01", inner->as_str());
     std::unique_ptr<serialize_buffer> self(buf->read_buffer());

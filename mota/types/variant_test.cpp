@@ -99,9 +99,9 @@ TEST(Variant, NullTextPointersThrowWithoutLeaking) {
   const char* narrow = nullptr;
   const unsigned short* utf16 = nullptr;
   const wchar_t* wide = nullptr;
-  EXPECT_THROW_WHAT(variant{narrow}, std::logic_error, "basic_string::_M_construct null not valid");
-  EXPECT_THROW_WHAT(variant{utf16}, std::logic_error, "basic_string::_M_construct null not valid");
-  EXPECT_THROW_WHAT(variant{wide}, std::logic_error, "basic_string::_M_construct null not valid");
+  EXPECT_THROWS_STD(variant{narrow}, std::logic_error, "basic_string::_M_construct null not valid");
+  EXPECT_THROWS_STD(variant{utf16}, std::logic_error, "basic_string::_M_construct null not valid");
+  EXPECT_THROWS_STD(variant{wide}, std::logic_error, "basic_string::_M_construct null not valid");
 }
 
 TEST(Variant, NumericConversionsOfEveryHeldKind) {

@@ -29,36 +29,6 @@
 #define EXPECT_THROWS_STD(statement, type, text) \
   EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, nullptr)) << #statement
 
-// Transitional: the older checks, until every test uses EXPECT_THROWS / EXPECT_THROWS_STD.
-#define EXPECT_THROW_MSG(statement, type, text)                             \
-  do {                                                                      \
-    bool mota_caught_ = false;                                              \
-    try {                                                                   \
-      statement;                                                            \
-    } catch (const type& e) {                                               \
-      mota_caught_ = true;                                                  \
-      EXPECT_STREQ(text, e.get_message()) << "thrown by: " #statement;      \
-    } catch (...) {                                                         \
-      ADD_FAILURE() << #statement " threw an exception of another type";    \
-      mota_caught_ = true;                                                  \
-    }                                                                       \
-    if (!mota_caught_) ADD_FAILURE() << #statement " did not throw " #type; \
-  } while (false)
-#define EXPECT_THROW_WHAT(statement, type, text)                            \
-  do {                                                                      \
-    bool mota_caught_ = false;                                              \
-    try {                                                                   \
-      statement;                                                            \
-    } catch (const type& e) {                                               \
-      mota_caught_ = true;                                                  \
-      EXPECT_STREQ(text, e.what()) << "thrown by: " #statement;             \
-    } catch (...) {                                                         \
-      ADD_FAILURE() << #statement " threw an exception of another type";    \
-      mota_caught_ = true;                                                  \
-    }                                                                       \
-    if (!mota_caught_) ADD_FAILURE() << #statement " did not throw " #type; \
-  } while (false)
-
 namespace mota_test {
 
 // Runs `body` and describes how what it threw differs from the expectation. `function` is

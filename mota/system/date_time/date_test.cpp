@@ -88,14 +88,8 @@ TEST(Date, AdditionAroundTheLeapDay) {
 
 TEST(Date, SubtractionBelowDayOneThrows) {
   dt::date d(1, 1, 1);
-  try {
-    d -= dt::date_duration(307);
-    ADD_FAILURE() << "no exception";
-  } catch (const out_of_range& e) {
-    EXPECT_STREQ("date value out of valid range", e.get_message());
-    EXPECT_STREQ("minus_assign", e.get_state().function);
-    EXPECT_NE(nullptr, std::strstr(e.get_state().file, "system/date_time/date"));
-  }
+  EXPECT_THROWS(d -= dt::date_duration(307), out_of_range, "date value out of valid range",
+                "minus_assign");
   EXPECT_TRUE(same(civil{1, 1, 1}, d));
   d.minus_assign(306);
   EXPECT_TRUE(same(civil{1, 3, 0}, d));
@@ -133,17 +127,17 @@ TEST(Date, LeapYears) {
 TEST(Date, SettersCheckTheirRange) {
   dt::date d(15, 6, 2020);
   for (unsigned bad : {0u, 13u, 0xFFFFFFFFu})
-    EXPECT_THROW_MSG(d.month(bad), out_of_range, "month value out of valid range");
+    EXPECT_THROWS(d.month(bad), out_of_range, "month value out of valid range", "month");
   for (unsigned bad : {0u, 32u})
-    EXPECT_THROW_MSG(d.day(bad), out_of_range, "day value out of valid range");
+    EXPECT_THROWS(d.day(bad), out_of_range, "day value out of valid range", "day");
   EXPECT_TRUE(same(civil{15, 6, 2020}, d));
   EXPECT_EQ(31u, d.day(31));
   EXPECT_EQ(12u, d.month(12));
   EXPECT_EQ(7u, d.year(7));
   EXPECT_TRUE(same(civil{31, 12, 7}, d));
   // Day first, then month.
-  EXPECT_THROW_MSG(dt::date(0, 13, 2000), out_of_range, "day value out of valid range");
-  EXPECT_THROW_MSG(dt::date(1, 13, 2000), out_of_range, "month value out of valid range");
+  EXPECT_THROWS(dt::date(0, 13, 2000), out_of_range, "day value out of valid range", "day");
+  EXPECT_THROWS(dt::date(1, 13, 2000), out_of_range, "month value out of valid range", "month");
 }
 
 TEST(Date, InvalidDatesDoNotThrowOnAddition) {

@@ -46,13 +46,8 @@ TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOn) {
 TEST(DateTime, WholeDaysAndNegativeDaysThrowFromTheDaySetter) {
   for (int hours : {24, -25}) {
     dt::date_time_t v = noon_10_may();
-    try {
-      v += dt::time_duration(hours, 0, 0, 0);
-      ADD_FAILURE() << "no exception for " << hours;
-    } catch (const out_of_range& e) {
-      EXPECT_STREQ("day value out of valid range", e.get_message());
-      EXPECT_STREQ("day", e.get_state().function);
-    }
+    EXPECT_THROWS(v += dt::time_duration(hours, 0, 0, 0), out_of_range,
+                  "day value out of valid range", "day");
     EXPECT_TRUE(at(v, 10, 5, 2023, 12, 0));
   }
 }
@@ -67,8 +62,9 @@ TEST(DateTime, PartsAndDateDurations) {
   v += dt::date_duration(30);
   EXPECT_TRUE(at(v, 31, 5, 2023, 8, 15));
   v.assign(dt::date(1, 1, 1), dt::time(23, 0, 0, 0));
-  EXPECT_THROW_MSG(v -= dt::date_duration(400), out_of_range, "date value out of valid range");
-  EXPECT_THROW_MSG(v.second(60), out_of_range, "Second value out of valid range");
+  EXPECT_THROWS(v -= dt::date_duration(400), out_of_range, "date value out of valid range",
+                "minus_assign");
+  EXPECT_THROWS(v.second(60), out_of_range, "Second value out of valid range", "second");
 }
 
 TEST(DateTime, ClockReadersMatchTheSystemClock) {

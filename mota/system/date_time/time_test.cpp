@@ -59,19 +59,13 @@ TEST(Time, SettersCheckTheirRange) {
     dt::time t(1, 2, 3, 4);
     EXPECT_EQ(c.last_valid, (t.*c.set)(c.last_valid));
     const dt::time before = t;
-    try {
-      (t.*c.set)(c.last_valid + 1);
-      ADD_FAILURE() << "no exception";
-    } catch (const out_of_range& e) {
-      EXPECT_STREQ(c.message, e.get_message());
-      EXPECT_STREQ(c.function, e.get_state().function);
-      EXPECT_NE(nullptr, std::strstr(e.get_state().file, "system/date_time/time"));
-    }
+    EXPECT_THROWS((t.*c.set)(c.last_valid + 1), out_of_range, c.message, c.function);
     EXPECT_EQ(0, (t - before).total_milliseconds());  // unchanged
   }
   EXPECT_FALSE(dt::time::is_valid_hour(-1));
-  EXPECT_THROW_MSG(dt::time(24, 60, 60, 1000), out_of_range, "Hour value out of valid range");
-  EXPECT_THROW_MSG(dt::time(0, 60, 60, 1000), out_of_range, "Minute value out of valid range");
+  EXPECT_THROWS(dt::time(24, 60, 60, 1000), out_of_range, "Hour value out of valid range", "hour");
+  EXPECT_THROWS(dt::time(0, 60, 60, 1000), out_of_range, "Minute value out of valid range",
+                "minute");
 }
 
 TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
@@ -81,10 +75,10 @@ TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
   EXPECT_TRUE(at(dt::time(0, 0, 0, 0) - dt::time_duration(48, 0, 0, 0), 0, 0, 0, 0));
   EXPECT_TRUE(at(dt::time(6, 0, 0, 0) + dt::time_duration(73, 1, 2, 3), 7, 1, 2, 3));
   dt::time t;
-  EXPECT_THROW_MSG(t -= dt::time_duration(25, 0, 0, 0), out_of_range,
-                   "Hour value out of valid range");
-  EXPECT_THROW_MSG(dt::minus(t, dt::time_duration(49, 0, 0, 0)), out_of_range,
-                   "Hour value out of valid range");
+  EXPECT_THROWS(t -= dt::time_duration(25, 0, 0, 0), out_of_range, "Hour value out of valid range",
+                "hour");
+  EXPECT_THROWS(dt::minus(t, dt::time_duration(49, 0, 0, 0)), out_of_range,
+                "Hour value out of valid range", "hour");
   t += dt::time_duration(0, 0, 0, 86400000LL * 5 + 61001);
   EXPECT_TRUE(at(t, 0, 1, 1, 1));
 }
