@@ -10,6 +10,12 @@
 
 namespace mota_tool {
 
+// The whole tool: `words` are the arguments after the program name, `envp` the environment the
+// configuration sees. Returns the exit code (see usage.hpp); a failure thrown by the library is
+// written to `err` as "mota: <message>" with exit_failure.
+int run_mota(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
+             std::ostream& err, const char* const* envp);
+
 // mota catalog check|render ...
 int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
 

@@ -1,0 +1,268 @@
+// The tool's commands run in-process: arguments, standard input and environment of each case's
+// own, output and exit code checked. What the library renders or loads is its own tests'
+// business; these check what the tool adds: its options, its wording and its output format.
+#include "commands.hpp"
+
+#include <mota_test.hpp>
+
+#include <mota/version.hpp>
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct run_result {
+  int code = -1;
+  std::string out, err;
+};
+
+run_result run(const std::vector<std::string>& words, const std::string& input = "",
+               const std::vector<std::string>& env = {}) {
+  std::istringstream in(input);
+  std::ostringstream out, err;
+  std::vector<const char*> envp;
+  for (const std::string& entry : env)
+    envp.push_back(entry.c_str());
+  envp.push_back(nullptr);
+  const int code = mota_tool::run_mota(words, in, out, err, envp.data());
+  return {code, out.str(), err.str()};
+}
+
+std::string example(const std::string& relative) {
+  return mota_test::source_dir() + "/examples/" + relative;
+}
+
+std::vector<std::string> words(std::vector<std::string> head,
+                               const std::vector<std::string>& tail) {
+  head.insert(head.end(), tail.begin(), tail.end());
+  return head;
+}
+
+// Expects `args` to exit with `code` and to print exactly `out` and `err`.
+void expect_run(const std::vector<std::string>& args, int code, const std::string& out,
+                const std::string& err = "", const std::vector<std::string>& env = {},
+                const std::string& input = "") {
+  const run_result r = run(args, input, env);
+  EXPECT_EQ(code, r.code) << args.back() << ": " << r.err;
+  EXPECT_EQ(out, r.out) << args.back();
+  EXPECT_EQ(err, r.err) << args.back();
+}
+
+std::vector<std::string> render(const std::vector<std::string>& rest,
+                                const std::string& locale = "en") {
+  return words({"catalog", "render", example("catalogs"), "--locale", locale}, rest);
+}
+
+}  // namespace
+
+TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
+  const std::string d = example("catalogs");
+  const std::string main = "usage: mota COMMAND", convert = "usage: mota convert --from CODE",
+                    xml = "usage: mota xml check FILE", check = "usage: mota catalog check PATH",
+                    config = "usage: mota config get KEY";
+  const std::vector<std::string> render{"catalog", "render", d, "--locale", "en", "shop"};
+  const struct {
+    std::vector<std::string> args;
+    std::string message;   // the first line
+    std::string synopsis;  // a line of the synopsis that follows it
+  } cases[] = {
+      {{}, "no command given", main},
+      {{"caf\xE9\x01"}, "unknown command \"caf\\xE9\\x01\"", main},  // escaped, not raw
+      // The option reader, shown through convert.
+      {{"convert", "--from", "1252"}, "convert needs --from and --to", convert},
+      {{"convert", "--from"}, "option --from needs a value", convert},
+      {{"convert", "--from=1252", "--to=4", "extra"}, "unexpected argument \"extra\"", convert},
+      {{"convert", "--list=yes"}, "option --list takes no value", convert},
+      {{"convert", "--bogus"}, "unknown option --bogus", convert},
+      {{"convert", "--from", "1252", "--to", "4", "--"}, "unexpected \"--\"", convert},
+      {{"convert", "--from", "1252x", "--to", "4"},
+       "unknown code page \"1252x\" (mota convert --list shows the known ones)",
+       convert},
+      {{"xml"}, "xml needs a subcommand", xml},
+      {{"xml", "check", "a", "b"}, "too many files", xml},
+      {{"xml", "lint", "a"}, "unknown xml subcommand \"lint\"", xml},
+      {{"catalog", "load", d, "--locale", "en"}, "unknown catalog subcommand \"load\"", check},
+      {{"catalog", "check", d}, "--locale is required", check},
+      {{"catalog", "check", "--locale", "en"}, "catalog check needs a PATH", check},
+      {{"catalog", "check", d, "--locale", "en", "--list-args"},
+       "--list-args belongs to catalog render",
+       check},
+      {words(render, {"cart", "--messages"}), "--messages belongs to catalog check", check},
+      {render, "catalog render needs PATH, CATALOG and MESSAGE", check},
+      {words(render, {"greeting", "user"}), "expected NAME=VALUE, got \"user\"", check},
+      {words(render, {"greeting", "user=a", "user=b"}), "argument \"user\" given twice", check},
+      {words(render, {"greeting", "user=a", "--list-args"}), "--list-args takes no NAME=VALUE",
+       check},
+      {{"config", "get"}, "config get needs a KEY", config},
+      {{"config", "get", "a", "b"}, "too many keys", config},
+      {{"config", "dump", "x"}, "unexpected argument \"x\"", config},
+      {{"config", "set", "a"}, "unknown config subcommand \"set\"", config},
+      {{"config", "get", "a", "--program="}, "--program needs a name", config},
+  };
+  for (const auto& c : cases) {
+    const run_result r = run(c.args);
+    EXPECT_EQ(64, r.code) << c.message;
+    EXPECT_EQ(0u, r.err.find("mota: " + c.message + "\n" + c.synopsis)) << r.err;
+    EXPECT_NE(std::string::npos, r.err.find("Run with --help for details.\n")) << r.err;
+    EXPECT_EQ("", r.out);
+  }
+}
+
+TEST(ToolDispatch, HelpAndVersionGoToStandardOutput) {
+  for (const std::vector<std::string>& args :
+       std::vector<std::vector<std::string>>{{"--help"},
+                                             {"help"},
+                                             {"-h"},
+                                             {"catalog", "check", "--help"},
+                                             {"catalog", "render", "-h"},
+                                             {"config", "dump", "--help"},
+                                             {"convert", "--help"},
+                                             {"xml", "check", "--help"}}) {
+    const run_result r = run(args);
+    EXPECT_EQ(0, r.code) << args.back();
+    EXPECT_EQ(0u, r.out.find("usage: mota")) << r.out;
+    EXPECT_NE(std::string::npos, r.out.find("--help")) << r.out;  // the whole text
+    EXPECT_EQ("", r.err);
+  }
+  EXPECT_EQ("mota " + std::to_string(MOTA_VERSION_MAJOR) + "." +
+                std::to_string(MOTA_VERSION_MINOR) + "." + std::to_string(MOTA_VERSION_PATCH) +
+                "\n",
+            run({"--version"}).out);
+}
+
+TEST(ToolConvert, CodePagesByNumberOrNameBothWays) {
+  const std::vector<std::string> to_utf8{"convert", "--from", "cp1252", "--to", "UTF-8"};
+  expect_run(to_utf8, 0, "caf\xC3\xA9 \xE2\x82\xAC", "", {}, "caf\xE9 \x80");  // 0x80: euro
+  expect_run({"convert", "--from=utf-8", "--to=28605"}, 0, "\xA4 \xE4", "", {},
+             "\xE2\x82\xAC \xC3\xA4");
+  expect_run({"convert", "--from", "ISO-8859-15", "--to", "4"}, 0, "\xE2\x82\xAC", "", {}, "\xA4");
+  expect_run({"convert", "--from", "4", "--to", "4"}, 0, "a?b", "", {},
+             "a\xFF"
+             "b");
+  expect_run({"convert", "--from", "2", "--to", "3"}, 0, "");  // more names of the process's set
+  const run_result r = run({"convert", "--list"});
+  for (const char* line : {"     1  SYSTEM\n", "   932  WINDOWS-31J\n", "125100  ANSI_X3.4-1968\n"})
+    EXPECT_NE(std::string::npos, r.out.find(line)) << line;
+  EXPECT_EQ(28, std::count(r.out.begin(), r.out.end(), '\n'));
+}
+
+TEST(ToolXml, ReportsOkOrTheFirstErrorWithKindLineAndDetail) {
+  mota_test::temp_dir dir;
+  const std::string path = dir / "doc.xml";
+  const auto check = [&](const std::string& document, int code, const std::string& out) {
+    std::ofstream(path, std::ios::binary) << document;
+    expect_run({"xml", "check", path}, code, out);
+  };
+  check("\xEF\xBB\xBF<?xml version='1.0'?>\n<a>x&amp;y<!-- c --></a>\n", 0, "ok\n");
+  check("<?xm", 1, "invalid_header at line 0\n");
+  check("<?xml?>\n<a>\n</b>", 1, "mismatched_end_element at line 2: \"b\"\n");
+  check("<?xml?><\xC3\xA9/>", 1, "unexpected_character at line 0: \"\\xC3\"\n");
+  expect_run({"xml", "check", "/no/such/file.xml"}, 1, "",
+             "mota: cannot read \"/no/such/file.xml\": no such file\n");
+  expect_run({"xml", "check", example("catalogs")}, 1, "",
+             "mota: cannot read \"" + example("catalogs") + "\"\n");
+}
+
+TEST(ToolCatalogCheck, ListsCatalogsWithMessageCountsAndLanguages) {
+  const std::string shop = example("catalogs/shop.xmc");
+  expect_run({"catalog", "check", example("catalogs"), "--locale", "de_DE"}, 0,
+             "kinds: 20 messages; languages: .\nshop: 6 messages; languages: de en\n");
+  expect_run({"catalog", "check", example("catalogs"), "--locale", "de", "--catalog", "shop"}, 0,
+             "shop: 6 messages; languages: de en\n");
+  // The best variant of each message, with the language it came from.
+  expect_run({"catalog", "check", shop, "--locale", "de_CH", "--messages"}, 0,
+             "shop: 6 messages; languages: de en\n  cart [de]\n  distance [de]\n  download [de]\n"
+             "  farewell [en]\n  greeting [de]\n  receipt [en]\n");
+}
+
+TEST(ToolCatalogCheck, LoadFailuresPrintTheLibrarysMessageWithItsTrail) {
+  const std::string path = example("broken/unknown_attribute.xmc");
+  expect_run({"catalog", "check", path, "--locale", "en"}, 1, "",
+             "message_catalogs::result_type - XMC file is not valid\n "
+             "xmc_file_loader::load_error - Invalid attibute \"typ\"\n"
+             " in message element: \"cart\"\n in catalog element: \"shop\"\n in file: \"" +
+                 path + "\"\n");
+  for (const char* broken : {"broken", "broken/include_cycle.xmc", "no/such/place"}) {
+    const run_result r = run({"catalog", "check", example(broken), "--locale", "en"});
+    EXPECT_EQ(1, r.code) << broken;
+    EXPECT_EQ(0u, r.err.find("message_catalogs::result_type - ")) << r.err;
+  }
+}
+
+TEST(ToolCatalogRender, ArgumentsAreReadByTheirKind) {
+  expect_run(render({"shop", "greeting", "user=Anna"}, "de_AT"), 0, "Hallo, Anna!\n");
+  expect_run(render({"shop", "farewell"}, "de_DE"), 0,
+             "Goodbye & thank you for shopping with us.\n");
+  expect_run(render({"shop", "cart", "count=0x1F", "total=-1.5e2"}), 0,
+             "Your cart holds 31 items for -150.00 EUR.\n");
+  expect_run(render({"kinds", "string",
+                     "v=a\xFF"
+                     "b"}),
+             0, "[a\\xFFb]\n");  // escaped
+  expect_run(render({"kinds", "double", "v=2.5"}), 0, "[2.500]\n");
+  expect_run(render({"kinds", "time", "v=1"}), 0, "[?invalid?]\n");
+  expect_run(render({"kinds", "value"}), 0, "[v]\n");
+  expect_run(render({"kinds", "two_args", "b=2"}), 0, "?invalid? and 2\n",
+             "mota: warning: argument \"a\" not given\n");
+}
+
+TEST(ToolCatalogRender, WrongArgumentsCatalogsAndMessagesFail) {
+  const char* const needs = " needs a number, not ";
+  expect_run(render({"shop", "greeting", "name=Bob"}), 1, "",
+             "mota: message \"greeting\" has no argument \"name\" (--list-args shows them)\n");
+  expect_run(render({"shop", "cart", "count=1.5", "total=1"}), 1, "",
+             std::string("mota: argument \"count\" is of kind int and") + needs + "\"1.5\"\n");
+  expect_run(render({"shop", "cart", "count=", "total=1"}), 1, "",
+             std::string("mota: argument \"count\" is of kind int and") + needs + "\"\"\n");
+  expect_run(render({"shop", "cart", "count=1", "total=nan"}), 1, "",
+             std::string("mota: argument \"total\" is of kind double and") + needs + "\"nan\"\n");
+  expect_run(render({"store", "greeting"}), 1, "",
+             "mota: no catalog \"store\" was loaded (loaded: kinds, shop)\n");
+  expect_run(render({"shop", "greting"}), 1, "",
+             "mota: catalog \"shop\" has no message \"greting\"\n");
+  expect_run(render({"--catalog", "shop", "kinds", "int", "v=1"}), 1, "",
+             "mota: no catalog \"kinds\" was loaded (loaded: shop)\n");
+}
+
+TEST(ToolCatalogRender, ListArgsShowsNamesKindsAndFormats) {
+  expect_run(render({"shop", "cart", "--list-args"}), 0, "count int\ntotal double precision=2\n");
+  expect_run(render({"shop", "download", "--list-args"}), 0,
+             "size memory base_unit=B target_unit=any\nsize memory_unit base_unit=B "
+             "target_unit=any\nelapsed duration short_form=true prec=1\n");
+  expect_run(render({"kinds", "no_args", "--list-args"}), 0, "");
+}
+
+TEST(ToolConfig, CommandLineOverFileOverEnvironment) {
+  const std::string file = example("config/app.cfg");
+  const std::vector<std::string> env{"log.level=debug", "only.env=yes"};
+  expect_run({"config", "get", "log.level"}, 0, "debug\n", "", env);
+  expect_run({"config", "get", "log.level", "--file", file}, 0, "info\n", "", env);
+  expect_run({"config", "get", "log.level", "--file", file, "--", "-log.level=trace"}, 0, "trace\n",
+             "", env);
+  expect_run({"config", "get", "only.env", "--file", file}, 0, "yes\n", "", env);
+  expect_run({"config", "--file=" + file, "get", "server.colours"}, 0, "red\ngreen\nblue\n");
+  expect_run({"config", "get", "list", "--", "-list=a,b,c"}, 0, "a\nb\nc\n");
+}
+
+TEST(ToolConfig, AbsentKeysAndUnreadableFiles) {
+  for (const std::string key : {"nope", "server"}) {
+    expect_run({"config", "get", key, "--file", example("config/app.cfg")}, 2, "",
+               "mota: \"" + key + "\" is not set\n");
+  }
+  // The other sources still answer.
+  expect_run({"config", "get", "x", "--file", "/no/such/app.cfg"}, 0, "1\n",
+             "mota: warning: cannot read configuration file \"/no/such/app.cfg\"\n", {"x=1"});
+}
+
+TEST(ToolConfig, DumpListsEverySource) {
+  const run_result r = run({"config", "dump", "--file", example("config/app.cfg"), "--", "-port=1"},
+                           "", {"from.env=1"});
+  EXPECT_EQ(0, r.code) << r.err;
+  EXPECT_EQ(0u, r.out.find("config_manager:\n")) << r.out;
+  for (const char* word : {"\nconfig_item:\n", "port", "colours", "from", "no more config_items!"})
+    EXPECT_NE(std::string::npos, r.out.find(word)) << word;
+}
