@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 #include <string>
 
@@ -255,47 +254,7 @@ TEST(XmlParser, IteratorRange) {
   EXPECT_EQ(error::invalid_header, parser.parse(text.end(), text.begin()).type);
 }
 
-namespace {
-
-// Reaches the scanning routines to check where each leaves the position.
-struct scanner : xml_parser {
-  using xml_parser::is_white_space;
-  using xml_parser::parse_attrib_value;
-  using xml_parser::parse_character;
-  using xml_parser::parse_name;
-  using xml_parser::parse_whitespace;
-};
-
-}  // namespace
-
-TEST(XmlParser, ScanningRoutinesStopOnTheirLastByte) {
-  scanner s;
-  const std::string text = "ab_9-x 'v&amp;w'z &#x41;. \n\t\r\nq";
-  xml_parser::iterator pos = text.begin();
-  EXPECT_EQ("ab_9", s.parse_name(pos, text.end()));
-  EXPECT_EQ(3, pos - text.begin());
-  pos = text.begin() + 7;
-  EXPECT_EQ("v&w", s.parse_attrib_value(pos, text.end()));
-  EXPECT_EQ(15, pos - text.begin());
-  pos = text.begin() + 18;
-  EXPECT_EQ("A", s.parse_character(pos, text.end()));
-  EXPECT_EQ(';', *pos);
-  pos = text.begin() + 25;
-  EXPECT_EQ(" \n\t\r\n", s.parse_whitespace(pos, text.end()));
-  EXPECT_EQ('q', *pos);
-  const std::string bytes = "\t\n\r \v\fa";
-  for (std::size_t i = 0; i < bytes.size(); ++i)
-    EXPECT_EQ(i < 4, s.is_white_space(bytes.begin() + static_cast<std::ptrdiff_t>(i))) << i;
-}
-
-TEST(XmlParser, ErrorKindsKeepTheirNumbers) {
-  EXPECT_EQ(6, static_cast<int>(error::missing_quote));
-  EXPECT_EQ(10, static_cast<int>(error::data_after_root));
-  EXPECT_EQ(4u, sizeof(error::error_type));
-}
-
 TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
-  const auto t0 = std::chrono::steady_clock::now();
   const std::size_t depth = (1u << 20) / 3;  // 1 MiB of nested start tags
   std::string open, close;
   for (std::size_t i = 0; i < depth; ++i) {
@@ -319,5 +278,4 @@ TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
   EXPECT_EQ(error::attribute_redefined, o.type);
   EXPECT_EQ("n0", o.text);
   EXPECT_EQ(100001, std::count(o.log.begin(), o.log.end(), '\n'));
-  EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count(), 30.0);
 }
