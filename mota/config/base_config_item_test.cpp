@@ -132,26 +132,6 @@ TEST(ConfigItem, ArraysMadeByTheirFlagsHoldTheNodesBelowThem) {
   EXPECT_FALSE(item.get_value_pair_array("c", none));
 }
 
-TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
-  user_item item;
-  for (const char* key : {"a", "a.b", "a.b.c", "ab", "a-"})
-    item.set(key, variant(1), 0u);
-  mota::config::config_tree tree = item.get_tree();
-  tree.erase("a");
-  EXPECT_EQ(2u, tree.size());
-  EXPECT_NE(nullptr, tree.get_node("ab"));
-  EXPECT_NE(nullptr, tree.get_node("a-"));
-  EXPECT_NE(nullptr, item.get_value("a.b.c"));  // the copy is independent
-
-  ustring8 head, rest;
-  EXPECT_TRUE(mota::config::config_tree::parse_string("a.b.c", head, rest));
-  EXPECT_EQ("a", head);
-  EXPECT_EQ("b.c", rest);
-  EXPECT_FALSE(mota::config::config_tree::parse_string("abc", head, rest));
-  EXPECT_EQ("abc", head);
-  EXPECT_EQ("", rest);
-}
-
 TEST(ConfigItem, UnloadDropsEveryValue) {
   user_item item;
   item.set("k", variant(ustring8("v")), 0u);

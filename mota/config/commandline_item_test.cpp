@@ -1,5 +1,4 @@
 #include <mota/config/commandline_item.hpp>
-#include <mota/config/enviroment_item.hpp>
 
 #include <gtest/gtest.h>
 
@@ -11,7 +10,6 @@ namespace {
 using mota::config::base_config_item;
 using mota::config::commandline_item;
 using mota::config::config_tree;
-using mota::config::enviroment_item;
 
 std::string render(const base_config_item& item) {
   std::string out;
@@ -96,21 +94,4 @@ TEST(ConfigCommandLine, ReloadAndNullEntries) {
   commandline_item none(5, nullptr);
   none.load();
   EXPECT_EQ("", render(none));
-}
-
-TEST(ConfigEnvironment, SplitsEachEntryAtItsFirstEquals) {
-  const char* envp[] = {"HOME=/home/u", "LS=a=b:c", "EMPTY=", "X==y", nullptr, "NOT=read"};
-  enviroment_item env(envp);
-  EXPECT_EQ("enviroment", env.get_id());
-  env.load();
-  // "==" is one token, so "X==y" has no "=" token to split at.
-  EXPECT_EQ("EMPTY=0:\nHOME=0:/home/u\nLS=0:a=b:c\nX==y=0:\n", render(env));
-  env.unload();
-  EXPECT_EQ("", render(env));
-
-  const char* empty[] = {nullptr};
-  enviroment_item none(empty), null(nullptr);
-  none.load();
-  null.load();
-  EXPECT_EQ("", render(none) + render(null));
 }
