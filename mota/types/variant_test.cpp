@@ -22,7 +22,6 @@ using mota::types::nil;
 using mota::types::nil_t;
 using mota::types::variant;
 using mota::types::variant_type;
-using mota::types::variant_value_t;
 
 namespace {
 
@@ -123,33 +122,22 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
   const row rows[] = {
       {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
-      {"int 300", variant(300), 300, 300, 44, 300, 44, 300, 300, 300, true, 300.0},
       {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
       {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
        4000000000u, true, 4e9},
-      {"long long 2^32+1", variant(4294967297LL), 1, 1, 1, 4294967297LL, 1, 1, 1, 4294967297u, true,
-       4294967297.0},
       {"ull max", variant(u64max), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true,
        18446744073709551616.0},
-      {"schar 65", variant(static_cast<signed char>(65)), 65, 65, 65, 65, 65, 65, 65, 65, true,
-       65.0},
       {"uchar 200", variant(static_cast<unsigned char>(200)), 200, 200, -56, 200, 200, 200, 200,
        200, true, 200.0},
-      {"double 2.9", variant(2.9), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.9},
       {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
        -2.9},
-      {"float 1234.5", variant(1234.5f), 1234, 1234, -46, 1234, 210, 1234, 1234, 1234, true,
-       1234.5},
       {"long double -1e4", variant(-1e4L), -10000, -10000, -16, -10000, 240, 55536, 4294957296u,
        u64max - 9999, true, -1e4},
       // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
       {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
-      {"text -1", variant("-1"), -1, -1, -1, -1, 0, 0, 0, 0, true, -1.0},
       {"text 0x1F", variant("0x1F"), 31, 31, 31, 31, 31, 31, 31, 31, true, 0.0},
       {"text 017", variant(std::string("017")), 15, 15, 15, 15, 15, 15, 15, 15, true, 17.0},
-      {"text 2.5", variant("2.5"), 2, 2, 2, 2, 2, 2, 2, 2, true, 2.5},
       {"text abc", variant("abc"), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
-      {"utf16 12", variant(u16("12")), 12, 12, 12, 12, 12, 12, 12, 12, true, 12.0},
       {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
       {"wstring 70000", variant(std::wstring(L"70000")), 70000, 32767, 127, 70000, 255, 65535,
        70000, 70000, true, 70000.0},
@@ -259,15 +247,9 @@ TEST(Variant, TextOfEveryHeldKind) {
       {variant(true), "1"},
       {variant(false), "0"},
       {variant(static_cast<signed char>(65)), "65"},
-      {variant(static_cast<unsigned char>(200)), "200"},
-      {variant(static_cast<short>(-5)), "-5"},
-      {variant(static_cast<unsigned short>(65535)), "65535"},
       {variant(std::numeric_limits<int>::min()), "-2147483648"},
-      {variant(4000000000u), "4000000000"},
       {variant(std::numeric_limits<unsigned long long>::max()), "18446744073709551615"},
       {variant(1234567.0f), "1.23457e+06"},
-      {variant(0.1), "0.1"},
-      {variant(-2.5L), "-2.5"},
       {variant(100.0), "100"},
       {variant("abc"), "abc"},
       {variant(u16("abc")), "abc"},
@@ -356,15 +338,6 @@ TEST(Variant, StreamsEachKindByItsOwnRule) {
   std::ostringstream alpha;
   alpha << std::boolalpha << variant(true);
   EXPECT_EQ("1", alpha.str());
-}
-
-TEST(Variant, WideStandardStringStreamsADescription) {
-  const variant v(std::wstring(L"text"));
-  const auto& held = dynamic_cast<const variant_value_t<std::wstring>&>(v.held());
-  std::ostringstream expected;
-  expected << "< " << typeid(std::wstring).name() << " instance at "
-           << static_cast<const void*>(&held.value()) << " >";
-  EXPECT_EQ(expected.str(), streamed(v));
 }
 
 TEST(Variant, CopiesShareOneValueObject) {
