@@ -5,13 +5,17 @@
 # - A `//` comment line at the start of a line becomes `///`; `//@{` and `//@}` open and close a
 #   member group, whose one comment serves every overload in it.
 # - Indented example lines inside a comment get four spaces, so they print as code.
-# - Trailing `//` comments after code and `// namespace x` closers are left alone.
+# - Trailing `//` comments after code, `// namespace x` closers and lint markers are left alone.
 # The number of lines is unchanged, so Doxygen's warnings point at the real header lines.
 BEGIN { opening = 1 }
 {
   line = $0
   if (line ~ /^[[:space:]]*\/\/@[{}]/) {
     sub(/\/\/@/, "///@", line)
+    print line
+    next
+  }
+  if (line ~ /^[[:space:]]*\/\/[[:space:]]*NOLINT/) {
     print line
     next
   }
