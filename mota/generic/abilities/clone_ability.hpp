@@ -11,6 +11,7 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace abilities {
 
+// The interface of an object that copies itself through a base pointer.
 class MOTA_API clone_ability {
  public:
   virtual ~clone_ability() = default;
@@ -18,9 +19,12 @@ class MOTA_API clone_ability {
   virtual clone_ability* clone() const = 0;
 
  protected:
+  //@{
+  // For the derived classes only.
   clone_ability() = default;
   clone_ability(const clone_ability&) = default;
   clone_ability& operator=(const clone_ability&) = default;
+  //@}
 };
 
 }  // namespace abilities
