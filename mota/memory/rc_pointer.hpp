@@ -16,9 +16,9 @@ namespace MOTA_2_18 {
 namespace memory {
 namespace pointers {
 
-template <class T>
 // A pointer that counts its references in the object itself (T derives from
 // reference_count_pointer_ability<T>). Not thread-safe.
+template <class T>
 class rc_pointer {
  public:
   rc_pointer() = default;

@@ -17,9 +17,9 @@ namespace MOTA_2_18 {
 namespace memory {
 namespace pointers {
 
-template <class T>
 // A pointer sharing ownership of an object through a separate count; the last owner deletes
 // it. Not thread-safe.
+template <class T>
 class shared_pointer {
  public:
   shared_pointer() = default;

@@ -16,8 +16,8 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace abilities {
 
-template <class T>
 // The reference count and delete-on-zero flag that rc_pointer<T> manages for T.
+template <class T>
 class reference_count_pointer_ability {
  public:
   // Whether the last releasing pointer deletes the object.
