@@ -19,8 +19,8 @@ function flush(as_doc,    i, line, text) {
     match(line, /^[[:space:]]*\/\//)
     text = substr(line, RLENGTH + 1)
     if (text ~ /^   /) text = "    " text
-    if (opening && i == 1) print "/** \\file */ ///" text
-    else print substr(line, 1, RLENGTH - 2) "///" text
+    if (opening && i == 1) text = text " \\file"
+    print substr(line, 1, RLENGTH - 2) "///" text
   }
   held = 0
   opening = 0

@@ -19,6 +19,8 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// Configuration: items (file, command line, environment, user values), the dispatches that
+// choose them, and the manager that answers dotted-key lookups.
 namespace config {
 
 // An application's configuration: the items a dispatch chose, asked in order for each key.

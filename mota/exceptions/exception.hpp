@@ -14,6 +14,7 @@
 #include <cstdint>
 
 namespace MOTA_2_18 {
+// The exceptions the library throws, rooted at exceptions::exception.
 namespace exceptions {
 
 // The base of every exception the library throws: a message and the throw site.

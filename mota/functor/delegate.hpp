@@ -11,6 +11,7 @@
 #include <utility>
 
 namespace MOTA_2_18 {
+// Callables held and compared through a common interface: delegates and member functions.
 namespace functor {
 
 template <class Signature>

@@ -13,6 +13,7 @@
 #include <mota/types/variant.hpp>
 
 namespace MOTA_2_18 {
+// Generic building blocks: named arguments and argument lists, conversions, mix-in abilities.
 namespace generic {
 
 // One argument of a varg_list: an optional name and a value.

@@ -25,6 +25,7 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// Localised messages: catalogs loaded from XMC files, messages and their argument formatting.
 namespace i18n {
 
 // The loaded catalogs by name. Loading never throws for a faulty file: the result says what

@@ -13,7 +13,9 @@
 #include <utility>
 
 namespace MOTA_2_18 {
+// Memory ownership helpers.
 namespace memory {
+// Reference-counting smart pointers: intrusive (rc_pointer) and shared (shared_pointer).
 namespace pointers {
 
 // A pointer that counts its references in the object itself (T derives from

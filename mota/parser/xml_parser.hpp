@@ -22,6 +22,7 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// The XML reader for the library's data files, as callbacks or as a token list.
 namespace parser {
 
 // The event-driven reader: parse() walks the text once and calls the installed handlers.

@@ -18,6 +18,7 @@
 #include <string>
 
 namespace MOTA_2_18 {
+// Serialization: typed values to binary or text buffers and back, and labelled trees.
 namespace serialization {
 
 // A buffer values are appended to and read back from in the same order and types; the encoding

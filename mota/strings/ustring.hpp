@@ -16,6 +16,8 @@
 #include <utility>
 
 namespace MOTA_2_18 {
+// Unicode strings: the three string classes, conversions among UTF-8, UTF-16 and UTF-32,
+// case, splitting, replacing, byte-order marks and code pages.
 namespace strings {
 
 // UTF-8 text: a std::string whose bytes are UTF-8. It adds no data; every std::string operation

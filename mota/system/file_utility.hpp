@@ -18,6 +18,7 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// Operating-system services: files, directories, dates and times.
 namespace system {
 
 // Every function takes a UTF-8 path; the UTF-16 and UTF-32 forms convert the path to UTF-8

@@ -11,6 +11,7 @@
 
 namespace MOTA_2_18 {
 namespace system {
+// Thin wrappers over stat, rename, remove, rmdir and mkdir, for paths in the three encodings.
 namespace io {
 
 // Every function takes a UTF-8 path; the UTF-16 and UTF-32 forms convert the path to UTF-8

@@ -20,6 +20,7 @@
 #include <typeinfo>
 
 namespace MOTA_2_18 {
+// Value types: the variant and its value objects, nil, units, colours and radixes.
 namespace types {
 
 // A value of one of eighteen types (nil, bool, the integers, the floating types and the five

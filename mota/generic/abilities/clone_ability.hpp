@@ -9,6 +9,7 @@
 
 namespace MOTA_2_18 {
 namespace generic {
+// Mix-ins that give a class polymorphic copying, creation or reference counting.
 namespace abilities {
 
 // The interface of an object that copies itself through a base pointer.

@@ -22,6 +22,7 @@
 
 namespace MOTA_2_18 {
 namespace generic {
+// Conversions between numbers and text or raw bytes; bad input gives a defined value.
 namespace convert {
 
 // The signed parser behind every signed str_to_* function, instantiated for int, long, short,

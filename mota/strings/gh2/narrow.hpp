@@ -13,6 +13,8 @@
 
 namespace MOTA_2_18 {
 namespace strings {
+// Helpers for narrow (std::string) text: UTF-8 sequence checks, case, the system character
+// set and the UTF-8 standard streams.
 namespace gh2 {
 
 //@{

@@ -13,6 +13,7 @@
 
 namespace MOTA_2_18 {
 namespace system {
+// Calendar dates, times of day, their combination and durations.
 namespace date_time {
 
 // A date and a time of day, side by side; the time part wraps within its day.
