@@ -113,12 +113,10 @@ class MOTA_API catalog_t {
   //@}
 
  private:
-  //@{
   // Reserved words; the catalog itself does not use them.
   std::uint32_t m_reserved0 = 0;
   std::uint32_t m_reserved1 = 0;
   strings::ustring8 m_name;
-  //@}
   // A cache, so const readers may build it.
   mutable languages_type m_languages;
   messages_type m_messages;

@@ -126,7 +126,6 @@ class MOTA_API xml_parser {
   bool is_white_space(const iterator& pos) const;
 
  private:
-  //@{
   // The scanner proper works on raw byte pointers; each routine takes the cursor by reference.
   MOTA_HIDDEN void scan_name(const char*& p, const char* e, strings::ustring8& out);
   MOTA_HIDDEN void scan_attrib_value(const char*& p, const char* e, strings::ustring8& out);
@@ -142,7 +141,6 @@ class MOTA_API xml_parser {
   [[noreturn]] MOTA_HIDDEN void fail(parse_error::error_type kind,
                                      const strings::ustring8& detail) const;
   [[noreturn]] MOTA_HIDDEN void fail_at(const char* p, const char* e) const;
-  //@}
 
   std::unique_ptr<text_handler> m_on_element_start;
   std::unique_ptr<text_handler> m_on_element_end;
@@ -155,12 +153,10 @@ class MOTA_API xml_parser {
   std::uint32_t m_line;
   bool m_in_tag;
 
-  //@{
   // Buffers reused from event to event so that steady-state parsing does not allocate.
   strings::ustring8 m_name;
   strings::ustring8 m_value;
   strings::ustring8 m_text;
-  //@}
   // The first few attribute names of the current start tag are checked here by a linear
   // look; the set above takes over when a tag has more.
   std::vector<strings::ustring8> m_few_names;

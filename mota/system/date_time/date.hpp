@@ -74,7 +74,8 @@ class MOTA_API date {
   date& plus_assign(const date_duration& duration);
   //@{
   // As plus_assign with the negated duration; throws exceptions::out_of_range "date value out
-  // of valid range" when the day number is not greater than the duration's days.
+  // of valid range" when the day number is not greater than the duration's days. operator+=
+  // and operator-= are plus_assign and minus_assign.
   date& minus_assign(const date_duration& duration);
   date& operator+=(const date_duration& duration) { return plus_assign(duration); }
   date& operator-=(const date_duration& duration) { return minus_assign(duration); }

@@ -65,9 +65,9 @@ class MOTA_API time {
   time& operator=(const time& other) { return assign(other); }
   //@}
   //@{
-  // Adds the duration and wraps the result into one day. A result that is still negative
-  // (a subtraction of more than a day) throws exceptions::out_of_range from a setter,
-  // normally "Hour value out of valid range".
+  // Adds the duration (minus_assign and -= subtract it) and wraps the result into one day. A
+  // result that is still negative (a subtraction of more than a day) throws
+  // exceptions::out_of_range from a setter, normally "Hour value out of valid range".
   time& plus_assign(const time_duration& duration);
   time& minus_assign(const time_duration& duration);
   time& operator+=(const time_duration& duration) { return plus_assign(duration); }
