@@ -58,11 +58,10 @@ struct MOTA_API config_token {
   strings::ustring8 text;
   // Index one past the token's last byte.
   std::uint32_t end = 0;
-  //@{
   // Index of the token's first byte.
   std::uint32_t start = 0;
+  // The token's kind.
   tok_types type = T_END;
-  //@}
 
   // A printable form for diagnostics: "T_VAR :[text]", "T_UNKNOWN:[text]", "T_STRING:[text]",
   // "T_NON_ALPHA_NUM:[text]", the bare name for the other named kinds, and "unknown type" for

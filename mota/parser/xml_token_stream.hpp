@@ -18,7 +18,7 @@
 namespace MOTA_2_18 {
 namespace parser {
 
-// An xml_parser that records its events as tokens instead of calling out.
+// Runs an xml_parser over a document and records its events as a list of tokens.
 class MOTA_API xml_token_stream {
  public:
   // A position in the UTF-8 text being parsed.
