@@ -91,8 +91,8 @@ install: build
 docs:
 	bash scripts/install-deps.sh docs
 	rm -rf build/docs && mkdir -p build/docs
-	@doxygen docs/Doxyfile || { cat build/docs/warnings.log; \
-	  echo "docs: $$(grep -c '^/' build/docs/warnings.log) Doxygen warnings"; exit 1; }
+	@doxygen docs/Doxyfile || { sort -u build/docs/warnings.log; \
+	  echo "docs: $$(sort -u build/docs/warnings.log | grep -c '^/') Doxygen warnings"; exit 1; }
 	@echo "docs: build/docs/html/index.html"
 
 format:
