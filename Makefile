@@ -3,7 +3,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 20
 
 .PHONY: all deps build test hostile test-i386 test-sanitize test-optimized build-clang coverage \
-	bench bench-build fuzz fuzz-run consumer demo install clean format
+	bench bench-build fuzz fuzz-run consumer demo install docs clean format
 
 all: build
 
@@ -85,6 +85,15 @@ demo: build
 
 install: build
 	cmake --install build/dev
+
+# The API reference of the public headers, in build/docs/html. Fails, listing them, on any
+# Doxygen warning: an undocumented public name or a broken comment.
+docs:
+	bash scripts/install-deps.sh docs
+	rm -rf build/docs && mkdir -p build/docs
+	@doxygen docs/Doxyfile || { sort -u build/docs/warnings.log; \
+	  echo "docs: $$(sort -u build/docs/warnings.log | grep -c '^/') Doxygen warnings"; exit 1; }
+	@echo "docs: build/docs/html/index.html"
 
 format:
 	bash scripts/install-deps.sh format

@@ -12,7 +12,9 @@
 #include <mota/version.hpp>
 
 #if defined(__GNUC__) || defined(__clang__)
+// Marks a public class or function as exported from the shared library.
 #define MOTA_API __attribute__((visibility("default")))
+// Keeps a name out of the shared library's exported symbols.
 #define MOTA_HIDDEN __attribute__((visibility("hidden")))
 #else
 #define MOTA_API

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Installs, with apt-get, what one kind of work needs and the machine does not have yet:
 #
-#   install-deps.sh [build] [bench] [fuzz] [clang] [format] [coverage]
+#   install-deps.sh [build] [bench] [fuzz] [clang] [format] [coverage] [docs]
 #
 # build (the default) is what the library, the tool and the tests need; the others add the
-# benchmark peers, clang for the fuzz targets or the clang warning build, clang-format, gcovr.
+# benchmark peers, clang for the fuzz targets or the clang warning build, clang-format, gcovr,
+# doxygen for the API reference.
 # Safe to run again: with everything present it changes nothing.
 set -euo pipefail
 
@@ -15,6 +16,7 @@ declare -A group=(
   [clang]="clang"
   [format]="clang-format"
   [coverage]="gcovr"
+  [docs]="doxygen"
 )
 
 wanted=("$@")

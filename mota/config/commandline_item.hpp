@@ -15,14 +15,23 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The command line as a configuration item: "-key=value", "/key:value", "-flag" arguments.
 class MOTA_API commandline_item : public base_config_item {
  public:
-  // The vector is not copied and must outlive the item's loads. Identifier "command line".
+  //@{
+  // An item reading the argument vector `argv` of `argc` entries (the first is the program),
+  // or a copy. The vector is not copied and must outlive the item's loads. Identifier
+  // "command line".
   commandline_item(unsigned argc, const char* const* argv);
   commandline_item(const commandline_item& other);
   ~commandline_item() override;
+  //@}
 
-  // Replaces the values with those of the argument vector:
+  //@{
+  // Replaces the values with those of the argument vector. The program's file name (the last
+  // path piece of argv[0]) is stored under "application.name", the part after its last dot
+  // under "application.name.extention" (spelling intended) and the part before it, dots
+  // removed, under "application.name.raw". Then, argument by argument:
   // - an argument that starts with neither "-" nor "/" is reported on standard output as
   //   "Warning! unknown key:<argument>\nIgnoring key and continuing\n" and skipped;
   // - the key is the argument's text after its first byte, up to "=", ":" or ":=" (or one of
@@ -34,12 +43,16 @@ class MOTA_API commandline_item : public base_config_item {
   // Null entries in the vector are skipped.
   void load(item_list& items) override;
   void load() override;
+  //@}
   // Drops every value.
   void unload() override;
   commandline_item* clone() const override;
 
+  //@{
+  // The argument vector given to the constructor.
   unsigned get_argc() const { return m_argc; }
   const char* const* get_argv() const { return m_argv; }
+  //@}
 
  private:
   void store_program_name(const strings::ustring8& path);

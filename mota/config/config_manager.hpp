@@ -19,25 +19,36 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// Configuration: items (file, command line, environment, user values), the dispatches that
+// choose them, and the manager that answers dotted-key lookups.
 namespace config {
 
+// An application's configuration: the items a dispatch chose, asked in order for each key.
 class MOTA_API config_manager {
  public:
+  //@{
+  // The items in precedence order, and a shared handle to one.
   using item_list = base_config_item::item_list;
   using item_pointer = base_config_item::item_pointer;
+  //@}
 
+  //@{
+  // An empty manager: no dispatch, no items. Not copyable.
   config_manager();
   virtual ~config_manager();
   config_manager(const config_manager&) = delete;
   config_manager& operator=(const config_manager&) = delete;
+  //@}
 
   // Drops the dispatch and every item held so far, keeps a clone of `dispatch` and lets it
   // append its items.
   void init(const config_dispatch& dispatch);
+  //@{
   // Forward to the dispatch with the item list; without a dispatch they do nothing.
   void load();
   void unload();
   void save();
+  //@}
 
   // The value under the key from the first item that has it. For an array, its first element
   // (nil when that is missing). For an indirection (flag 4), the lookup starts again with the
@@ -58,6 +69,7 @@ class MOTA_API config_manager {
   // "user item"), shared; an empty pointer when there is none.
   item_pointer get_config_item(const strings::ustring8& id) const;
 
+  // The items in precedence order.
   const item_list& get_items() const { return m_items; }
 
   // "config_manager:\n", then "\nconfig_item:\n" and the dump of each item, then
@@ -69,6 +81,7 @@ class MOTA_API config_manager {
   config_dispatch* m_dispatch = nullptr;
 };
 
+// Writes the manager's dump() to `out` and returns it.
 MOTA_API std::ostream& operator<<(std::ostream& out, const config_manager& manager);
 
 }  // namespace config

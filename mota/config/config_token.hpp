@@ -18,6 +18,7 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// One token of the configuration language: its kind, its text and where it lies in the line.
 struct MOTA_API config_token {
   // Token kinds. 24 is the kind of the "*/" token and has no name; 25 is never produced.
   enum tok_types : std::int32_t {
@@ -59,6 +60,7 @@ struct MOTA_API config_token {
   std::uint32_t end = 0;
   // Index of the token's first byte.
   std::uint32_t start = 0;
+  // The token's kind.
   tok_types type = T_END;
 
   // A printable form for diagnostics: "T_VAR :[text]", "T_UNKNOWN:[text]", "T_STRING:[text]",

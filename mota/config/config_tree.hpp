@@ -23,6 +23,8 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The values of one configuration item under dotted keys ("window.size.width"), each with its
+// flags; array nodes also keep their element names in order.
 class MOTA_API config_tree {
  public:
   // A node: its flags and its value.
@@ -33,6 +35,7 @@ class MOTA_API config_tree {
   // The node's value names another key.
   static constexpr unsigned indirect_flag = 4u;
 
+  // True when both array bits are set in `flags`.
   static bool is_array(unsigned flags) { return (flags & array_flags) == array_flags; }
 
   // The node stored under the key, or null. The pointer stays valid until the tree changes.
@@ -58,13 +61,19 @@ class MOTA_API config_tree {
   bool get_value_pair_array(const std::string& key,
                             std::vector<std::pair<strings::ustring8, types::variant>>& out) const;
 
-  // Erases the node under the key and every node below it ("<key>.<anything>").
+  //@{
+  // Erases the node under the key and every node below it ("<key>.<anything>"); clear()
+  // erases every node.
   void erase(const std::string& key);
   void clear();
+  //@}
   // Prepares room for `count` nodes.
   void reserve(std::size_t count) { m_nodes.reserve(count); }
+  //@{
+  // Whether there is no node, and the number of nodes.
   bool empty() const { return m_nodes.empty(); }
   std::size_t size() const { return m_nodes.size(); }
+  //@}
 
   // Splits a dotted key at its first dot: "a.b.c" gives "a" and "b.c"; true when a dot was
   // found (otherwise head is the whole key and rest is empty).
@@ -76,8 +85,9 @@ class MOTA_API config_tree {
   void visit(const std::function<void(const std::string&, const node_t&,
                                       const std::vector<std::string>&)>& f) const;
 
-  // Writes one line per node in tree order: "|---------------\", then "<key><mark>|\t\t<value>"
-  // with the mark "[]" for arrays (value: element count) and "?" for indirections, then "end".
+  // Writes one line per node in tree order: `|---------------\`, then
+  // `<key><mark>|\t\t<value>` with the mark "[]" for arrays (value: element count) and "?" for
+  // indirections, then "end".
   void dump(std::ostream& out) const;
 
  private:

@@ -12,23 +12,29 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The process environment as a configuration item (the name's spelling is intended).
 class MOTA_API enviroment_item : public base_config_item {
  public:
+  //@{
   // `envp` is a null-terminated vector of "NAME=value" texts (or null); it is not copied and
   // must outlive the item's loads. Identifier "enviroment".
   explicit enviroment_item(const char* const* envp);
   enviroment_item(const enviroment_item& other);
   ~enviroment_item() override;
+  //@}
 
+  //@{
   // Replaces the values with the vector's entries, each split at its first "=" token (an
   // entry without one is stored under its whole text with an empty value). A null vector
   // loads nothing.
   void load(item_list& items) override;
   void load() override;
+  //@}
   // Drops every value.
   void unload() override;
   enviroment_item* clone() const override;
 
+  // The environment vector given to the constructor.
   const char* const* get_envp() const { return m_envp; }
 
  private:

@@ -14,12 +14,16 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// A configuration file as a configuration item, read and written in the file syntax.
 class MOTA_API file_item : public base_config_item {
  public:
-  // Identifier "standard file".
+  //@{
+  // An item with the identifier "standard file" for the file `filename` (chosen finally by
+  // load(list)), or a copy of another file item.
   explicit file_item(const strings::ustring8& filename);
   file_item(const file_item& other);
   ~file_item() override;
+  //@}
 
   // Chooses the file, then loads it as load() does. The file is, in this order: the text under
   // "cfg_file" in the first other item that has one; the name given to the constructor, with
@@ -32,10 +36,13 @@ class MOTA_API file_item : public base_config_item {
   void save(item_list& items) override;
   // Writes the values to get_filename(); see save_file().
   void save() override;
-  // Drops every value.
+  //@{
+  // unload() drops every value; clone() gives an independent copy of the item.
   void unload() override;
   file_item* clone() const override;
+  //@}
 
+  // The file read and written: the constructor's name until load(list) chooses one.
   const strings::ustring8& get_filename() const { return m_filename; }
 
   // Reads get_filename() and parses it into the item after dropping the old values. False,
@@ -63,8 +70,8 @@ class MOTA_API file_item : public base_config_item {
   // unchanged, key by key, with flags and element order.
   //
   // What cannot be carried is changed as little as possible, and never at the cost of another
-  // key: a quote with no backslash before it gets one (`say "hi"` comes back as
-  // `say \"hi\"`); a key so changed that would meet another key of the item is not
+  // key: a quote with no backslash before it gets one (the text say "hi" comes back with a
+  // backslash before each quote); a key so changed that would meet another key of the item is not
   // written; an empty value, a nil value and a scalar key ending in "[]" are not written.
   // Each line holds exactly one key, so no value spills into another.
   bool save_file() const;

@@ -13,20 +13,28 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The usual set of sources: the command line first, then the configuration file, then the
+// environment (the first item holding a key wins).
 class MOTA_API std_config_dispatch : public config_dispatch {
  public:
+  //@{
   // The vectors are not copied and must outlive the items. `name` is the configuration file
   // (see file_item::load(list) for how it is completed); a negative argc counts as 0.
   std_config_dispatch(int argc, const char* const* argv, const char* const* envp,
                       const strings::ustring8& name);
   ~std_config_dispatch() override;
+  //@}
 
-  // Appends a commandline_item, a file_item and an enviroment_item, in that order.
+  //@{
+  // setup() appends a commandline_item, a file_item and an enviroment_item, in that order;
+  // load(), unload() and save() run on every item in list order; clone() copies the dispatch
+  // (the vectors stay shared).
   void setup(item_list& items) override;
   void load(item_list& items) override;
   void unload(item_list& items) override;
   void save(item_list& items) override;
   std_config_dispatch* clone() const override;
+  //@}
 
  private:
   int m_argc;

@@ -11,12 +11,16 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// Values the application sets itself; it has no source to load from or save to.
 class MOTA_API user_item : public base_config_item {
  public:
-  // Identifier "user item".
+  //@{
+  // An empty item with the identifier "user item", for values the application sets; or a
+  // copy.
   user_item();
   user_item(const user_item& other);
   ~user_item() override;
+  //@}
 
   user_item* clone() const override;
 };

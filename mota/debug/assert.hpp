@@ -12,12 +12,15 @@
 #include <mota/types/nil.hpp>
 
 namespace MOTA_2_18 {
+// Internal assertions and the application's hook that receives them.
 namespace debug {
 
+//@{
 // The hook receives (message, file, line); changes it makes to the line are not seen by the
 // asserting code.
 using assert_hook_signature = void(const char* message, const char* file, unsigned int& line);
 using assert_hook_t = functor::delegate_t<assert_hook_signature>;
+//@}
 
 // Destroys the stored hook, then stores a clone of the delegate's callable (none when the
 // delegate is empty). The library owns the clone; the caller keeps its delegate.

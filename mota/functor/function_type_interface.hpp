@@ -14,6 +14,7 @@ namespace functor {
 template <class Signature>
 class function_type_interface;
 
+// The interface of a callable of signature R(Args...) that can be compared and copied.
 template <class R, class... Args>
 class MOTA_API function_type_interface<R(Args...)> {
  public:
@@ -26,12 +27,16 @@ class MOTA_API function_type_interface<R(Args...)> {
   // A new heap copy, owned by the caller.
   virtual function_type_interface* do_clone() const = 0;
 
+  // The same as invoke().
   R operator()(Args... args) { return invoke(static_cast<Args>(args)...); }
 
  protected:
+  //@{
+  // For the derived callables only.
   function_type_interface() = default;
   function_type_interface(const function_type_interface&) = default;
   function_type_interface& operator=(const function_type_interface&) = default;
+  //@}
 };
 
 }  // namespace functor

@@ -13,9 +13,14 @@ namespace functor {
 template <class Class, class Signature>
 class member_function_t;
 
+// A callable that calls a member function on an object: the object is not owned and must
+// outlive the calls.
 template <class Class, class R, class... Args>
 class MOTA_API member_function_t<Class, R(Args...)> : public function_type_interface<R(Args...)> {
  public:
+  //@{
+  // The interface implemented, the member-function pointer type, and the constructors: the
+  // callable calls `method` on `object` (neither is checked); copies call the same pair.
   using interface_type = function_type_interface<R(Args...)>;
   using method_type = R (Class::*)(Args...);
 
@@ -23,6 +28,7 @@ class MOTA_API member_function_t<Class, R(Args...)> : public function_type_inter
   member_function_t(const member_function_t&) = default;
   member_function_t& operator=(const member_function_t&) = default;
   ~member_function_t() override = default;
+  //@}
 
   R invoke(Args... args) override { return (m_object->*m_method)(static_cast<Args>(args)...); }
 
@@ -35,8 +41,11 @@ class MOTA_API member_function_t<Class, R(Args...)> : public function_type_inter
 
   interface_type* do_clone() const override { return new member_function_t(*this); }
 
+  //@{
+  // The bound object and member function.
   Class* object() const { return m_object; }
   method_type method() const { return m_method; }
+  //@}
 
  private:
   Class* m_object;

@@ -17,6 +17,8 @@
 namespace MOTA_2_18 {
 namespace i18n {
 
+// One piece of a message: a literal text, or an argument slot naming the argument and how its
+// value is formatted.
 class MOTA_API message_item {
  public:
   // The kind of an item. Argument kinds name how the argument's value is formatted.
@@ -42,20 +44,27 @@ class MOTA_API message_item {
   message_item() = default;
   // A literal text piece.
   message_item(const strings::ustring8& data);  // NOLINT: implicit on purpose
-  // For an argument kind, `data` is the argument name, optionally followed by 0x01 and the
-  // format specification.
+  //@{
+  // An item of kind `type`: for an argument kind, `data` is the argument name, optionally
+  // followed by 0x01 and the format specification. Copies keep kind and text.
   message_item(const strings::ustring8& data, type_t type);
   message_item(const message_item&) = default;
   message_item(message_item&&) noexcept = default;
   ~message_item() = default;
+  //@}
 
+  //@{
+  // Copies (or takes over) the other item's kind and text; returns *this.
   message_item& operator=(const message_item&) = default;
   message_item& operator=(message_item&&) noexcept = default;
   message_item& assign(const message_item& other);
+  //@}
 
-  // The whole stored text (name and format for argument items).
+  //@{
+  // The whole stored text (name and format for argument items), and the item's kind.
   const strings::ustring8& data() const { return m_data; }
   type_t type() const { return m_type; }
+  //@}
   // The text before the first 0x01 byte; the whole text when there is none.
   strings::ustring8 name() const;
 

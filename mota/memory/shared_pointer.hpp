@@ -17,12 +17,16 @@ namespace MOTA_2_18 {
 namespace memory {
 namespace pointers {
 
+// A pointer sharing ownership of an object through a separate count; the last owner deletes
+// it. Not thread-safe.
 template <class T>
 class shared_pointer {
  public:
   shared_pointer() = default;
+  //@{
   // Takes ownership of `object` (which may be null). If allocating the count fails, the
-  // object is deleted and std::bad_alloc propagates.
+  // object is deleted and std::bad_alloc propagates. Copies share the ownership, the move form
+  // takes it over; the destructor deletes the object with its last owner.
   explicit shared_pointer(T* object) {
     if (object == nullptr) return;
     try {
@@ -40,13 +44,17 @@ class shared_pointer {
       : m_object(std::exchange(other.m_object, nullptr)),
         m_count(std::exchange(other.m_count, nullptr)) {}
   ~shared_pointer() { release(); }
+  //@}
 
+  // Shares (or takes over) the other's object, releasing the current one; returns *this.
   shared_pointer& operator=(shared_pointer other) noexcept {
     swap(other);
     return *this;
   }
 
+  // Releases the current object and takes ownership of `object`.
   void reset(T* object = nullptr) { shared_pointer(object).swap(*this); }
+  // Exchanges the objects and counts of the two pointers.
   void swap(shared_pointer& other) noexcept {
     std::swap(m_object, other.m_object);
     std::swap(m_count, other.m_count);
@@ -60,21 +68,26 @@ class shared_pointer {
     if (m_object == nullptr) MOTA_THROW(exceptions::logic_error, "unreferanced object");
     return *m_object;
   }
-  // As operator*.
+  //@{
+  // operator-> throws as operator* does; operator bool is true when an object is held.
   T* operator->() const {
     if (m_object == nullptr) MOTA_THROW(exceptions::logic_error, "unreferanced object");
     return m_object;
   }
   explicit operator bool() const { return m_object != nullptr; }
+  //@}
   // How many shared_pointers own the object; 0 for an empty pointer.
   std::int32_t use_count() const { return m_count != nullptr ? *m_count : 0; }
 
+  //@{
+  // Whether both point at the same object.
   friend bool operator==(const shared_pointer& a, const shared_pointer& b) {
     return a.m_object == b.m_object;
   }
   friend bool operator!=(const shared_pointer& a, const shared_pointer& b) {
     return a.m_object != b.m_object;
   }
+  //@}
 
  private:
   void release() {

@@ -22,10 +22,13 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// The XML reader for the library's data files, as callbacks or as a token list.
 namespace parser {
 
+// The event-driven reader: parse() walks the text once and calls the installed handlers.
 class MOTA_API xml_parser {
  public:
+  // A position in the UTF-8 text being parsed.
   using iterator = std::string::const_iterator;
   // Callable receiving one text: element start and end, character data, white space, comment.
   using text_handler = functor::function_type_interface<void(const strings::ustring8&)>;
@@ -36,6 +39,7 @@ class MOTA_API xml_parser {
   // Outcome of a parse; also thrown between the scanning routines and caught by do_parse.
   class MOTA_API parse_error {
    public:
+    // The kind of fault; no_error for a text read to its end.
     enum error_type : std::int32_t {
       no_error = 0,
       unexpected_eof = 1,
@@ -51,11 +55,16 @@ class MOTA_API xml_parser {
     };
 
     parse_error();
+    //@{
+    // A fault of `kind` found at line `at_line` about `detail`; the copy forms copy all three
+    // fields.
     parse_error(error_type kind, std::uint32_t at_line, const strings::ustring8& detail);
     parse_error(const parse_error& other);
     parse_error& operator=(const parse_error& other);
+    //@}
     ~parse_error();
 
+    // What went wrong, or no_error.
     error_type type;
     // Line counter when the error was found: newlines consumed as white space, from 0.
     std::uint32_t line;
@@ -64,11 +73,14 @@ class MOTA_API xml_parser {
   };
 
   xml_parser();
+  //@{
   // Copies the parse state and clones the installed handlers.
   xml_parser(const xml_parser& other);
   xml_parser& operator=(const xml_parser& other);
   ~xml_parser();
+  //@}
 
+  //@{
   // Each setter releases the callable held in that slot and stores a clone of `handler`;
   // the pointer forms with nullptr empty the slot, so that event is dropped.
   void set_element_start_handler(const text_handler& handler);
@@ -83,6 +95,7 @@ class MOTA_API xml_parser {
   void set_space_handler(const text_handler* handler);
   void set_comment_handler(const text_handler& handler);
   void set_comment_handler(const text_handler* handler);
+  //@}
 
   // Parses all bytes of `text`. Returns the error found (type no_error on success); events
   // reported before a failure stand. Exceptions thrown by a handler propagate unchanged.

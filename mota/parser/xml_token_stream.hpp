@@ -18,12 +18,16 @@
 namespace MOTA_2_18 {
 namespace parser {
 
+// Runs an xml_parser over a document and records its events as a list of tokens.
 class MOTA_API xml_token_stream {
  public:
+  // A position in the UTF-8 text being parsed.
   using iterator = xml_parser::iterator;
 
+  // One parser event: its kind and its text (a name, a value, character data, a comment).
   class MOTA_API token {
    public:
+    // The event kinds; start_tag_end carries no text.
     enum token_type : std::int32_t {
       element_start = 0,
       element_end = 1,
@@ -35,11 +39,16 @@ class MOTA_API xml_token_stream {
       character = 7  // character data, CDATA content included
     };
 
+    //@{
+    // A token of `kind` holding `text` (copied or moved).
     token(token_type kind, const strings::ustring8& text);
     token(token_type kind, strings::ustring8&& text);
+    //@}
     ~token();
 
+    // The token's kind.
     token_type type() const { return m_type; }
+    // The token's text.
     const strings::ustring8& value() const { return m_value; }
 
    private:
@@ -47,27 +56,36 @@ class MOTA_API xml_token_stream {
     strings::ustring8 m_value;
   };
 
+  // The tokens in document order.
   using token_list = std::list<token>;
 
   // Registers this stream's handlers with its parser.
   xml_token_stream();
+  //@{
   // Copies the tokens and the parse state; the copy's parser reports to the copy.
   xml_token_stream(const xml_token_stream& other);
   xml_token_stream& operator=(const xml_token_stream& other);
   ~xml_token_stream();
+  //@}
 
+  //@{
   // Parses `text` and appends its tokens; returns the parser's result unchanged. Tokens made
   // before a failure stay in the list. A second call appends to the first call's tokens and
   // continues with the parser's open elements: one stream is meant for one document.
   xml_parser::parse_error parse(const strings::ustring8& text);
   xml_parser::parse_error parse(const iterator& first, const iterator& last);
+  //@}
 
+  //@{
+  // The tokens in document order, and how many there are.
   token_list::iterator begin() { return m_tokens.begin(); }
   token_list::iterator end() { return m_tokens.end(); }
   token_list::const_iterator begin() const { return m_tokens.begin(); }
   token_list::const_iterator end() const { return m_tokens.end(); }
   std::size_t size() const { return m_tokens.size(); }
+  //@}
 
+  //@{
   // Handlers called by the parser.
   void on_element_start(const strings::ustring8& name);
   void on_element_end(const strings::ustring8& name);
@@ -75,6 +93,7 @@ class MOTA_API xml_token_stream {
   void on_character(const strings::ustring8& text);
   void on_space(const strings::ustring8& text);
   void on_comment(const strings::ustring8& text);
+  //@}
 
  private:
   void install_handlers();

@@ -19,6 +19,8 @@
 namespace MOTA_2_18 {
 namespace serialization {
 
+// A tree of labelled entries, each holding a value and a group of further entries, that turns
+// into one string and back. Shared through rc_pointer, copied with clone().
 class MOTA_API labeled_serialize_buffer
     : public generic::abilities::create_ability,
       public generic::abilities::clone_ability,
@@ -54,9 +56,11 @@ class MOTA_API labeled_serialize_buffer
 
   // The entry's value (sharing it), or a nil variant when there is no such entry.
   virtual types::variant retrieve_value(const std::string& label) const = 0;
+  //@{
   // The entry's group (possibly empty), or null when there is no such entry.
   virtual const labeled_serialize_buffer* retrieve_group(const std::string& label) const = 0;
   virtual labeled_serialize_buffer* retrieve_group(const std::string& label) = 0;
+  //@}
 
   // A new, empty heap buffer of the same kind, delete flag set.
   labeled_serialize_buffer* create() const override = 0;
@@ -64,9 +68,12 @@ class MOTA_API labeled_serialize_buffer
   labeled_serialize_buffer* clone() const override = 0;
 
  protected:
+  //@{
+  // For the derived buffers only.
   labeled_serialize_buffer() = default;
   labeled_serialize_buffer(const labeled_serialize_buffer&) = default;
   labeled_serialize_buffer& operator=(const labeled_serialize_buffer&) = default;
+  //@}
 };
 
 }  // namespace serialization

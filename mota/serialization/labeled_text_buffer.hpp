@@ -26,23 +26,29 @@
 namespace MOTA_2_18 {
 namespace serialization {
 
+// The labelled tree written as a flat text: (label, payload) strings in the text encoding.
 class MOTA_API labeled_text_buffer : public labeled_serialize_buffer {
  public:
   // No entries.
   labeled_text_buffer();
   // Copies the entries (values shared, groups copied).
   labeled_text_buffer(const labeled_text_buffer& other);
-  // Parses `text` as assign(text) does.
+  //@{
+  // Parses `text` as assign(text) does; the copy assignment copies the entries as the copy
+  // constructor does and returns *this.
   labeled_text_buffer(const std::string& text);  // NOLINT: converting on purpose
   labeled_text_buffer& operator=(const labeled_text_buffer& other);
   ~labeled_text_buffer() override;
+  //@}
 
   void assign(const labeled_serialize_buffer& other) override;
+  //@{
   // Parses `text`, replacing all entries. Lengths that point beyond the text (or the nested text
   // they are part of) throw std::out_of_range as serialize_text_buf::read_string does, leaving
   // the entries read so far.
   void assign(const std::string& text) override;
   void assign(const char* text, int length) override;
+  //@}
 
   std::string as_str() const override;
 

@@ -18,6 +18,7 @@
 namespace MOTA_2_18 {
 namespace serialization {
 
+// The binary encoding: each value's bytes in the machine's order, nothing between values.
 class MOTA_API serialize_binary_buf : public serialize_buffer {
  public:
   // Empty content, read position 0.
@@ -28,11 +29,14 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   serialize_binary_buf(const serialize_buffer& other);  // NOLINT: converting on purpose
   // Takes the bytes of `bytes` as content; read position 0.
   serialize_binary_buf(const std::string& bytes);  // NOLINT: converting on purpose
-  // Moves the content and the read position.
+  //@{
+  // The move constructor takes over the content and the read position; the assignments copy
+  // or take over both and return *this.
   serialize_binary_buf(serialize_binary_buf&& other) noexcept;
   serialize_binary_buf& operator=(const serialize_binary_buf& other);
   serialize_binary_buf& operator=(serialize_binary_buf&& other) noexcept;
   ~serialize_binary_buf() override;
+  //@}
 
   void assign(const serialize_buffer& other) override;
   void assign(const std::string& bytes) override;
@@ -40,6 +44,8 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
 
   std::string as_str() const override;
 
+  //@{
+  // The value's bytes in the machine's order: 1, 2, 4 or 8 of them.
   void append_int8(const signed char& value) override;
   void append_int16(const short& value) override;
   void append_int32(const int& value) override;
@@ -48,13 +54,18 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   void append_uint16(const unsigned short& value) override;
   void append_uint32(const unsigned int& value) override;
   void append_uint64(const unsigned long long& value) override;
+  //@}
   // 4 bytes; the precision is ignored.
   void append_float(const float& value, const unsigned int& precision = 9) override;
-  // 8 bytes; the precision is ignored.
+  //@{
+  // append_double: 8 bytes, the precision ignored. append_string and append_buffer: the length
+  // as 4 bytes, then the bytes (a buffer's as_str(), whatever its encoding).
   void append_double(const double& value, const unsigned int& precision = 17) override;
   void append_string(const std::string& value) override;
   void append_buffer(const serialize_buffer& other) override;
+  //@}
 
+  //@{
   // A multi-byte read with fewer bytes left than its size reads the bytes that are there as if
   // the rest were zero and moves the read position to the end.
   signed char read_int8() const override;
@@ -67,6 +78,7 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   unsigned long long read_uint64() const override;
   float read_float() const override;
   double read_double() const override;
+  //@}
   // The string announced by the next 4-byte length (cut short where the content ends), or an
   // empty string at the end. When fewer than 4 bytes are left for the length, the position
   // moves 4 bytes on, beyond the content, and std::out_of_range is thrown

@@ -18,8 +18,11 @@
 #include <string>
 
 namespace MOTA_2_18 {
+// Serialization: typed values to binary or text buffers and back, and labelled trees.
 namespace serialization {
 
+// A buffer values are appended to and read back from in the same order and types; the encoding
+// (binary or text) is the derived class's. Shared through rc_pointer, copied with clone().
 class MOTA_API serialize_buffer
     : public generic::abilities::create_ability,
       public generic::abilities::clone_ability,
@@ -43,6 +46,8 @@ class MOTA_API serialize_buffer
   // A copy of the whole content, whatever has been read.
   virtual std::string as_str() const = 0;
 
+  //@{
+  // Appends the value in the buffer's encoding.
   virtual void append_int8(const signed char& value) = 0;
   virtual void append_int16(const short& value) = 0;
   virtual void append_int32(const int& value) = 0;
@@ -51,15 +56,19 @@ class MOTA_API serialize_buffer
   virtual void append_uint16(const unsigned short& value) = 0;
   virtual void append_uint32(const unsigned int& value) = 0;
   virtual void append_uint64(const unsigned long long& value) = 0;
+  //@}
+  //@{
   // `precision` is the number of significant digits of the text encoding; the binary encoding
   // ignores it. The defaults are enough digits to read the same value back.
   virtual void append_float(const float& value, const unsigned int& precision = 9) = 0;
   virtual void append_double(const double& value, const unsigned int& precision = 17) = 0;
+  //@}
   // Length-prefixed, so `value` may hold any byte.
   virtual void append_string(const std::string& value) = 0;
   // Appends `other.as_str()` like a string, whatever encoding `other` uses.
   virtual void append_buffer(const serialize_buffer& other) = 0;
 
+  //@{
   // Each read returns the next value and advances the read position; at the end it returns zero
   // (0, 0.0, an empty string) and leaves the position alone.
   virtual signed char read_int8() const = 0;
@@ -73,6 +82,7 @@ class MOTA_API serialize_buffer
   virtual float read_float() const = 0;
   virtual double read_double() const = 0;
   virtual std::string read_string() const = 0;
+  //@}
   // A new heap buffer of the same encoding holding the next appended buffer's bytes, with its
   // delete flag set; the caller owns it (or hands it to an rc_pointer).
   virtual serialize_buffer* read_buffer() const = 0;
@@ -89,9 +99,12 @@ class MOTA_API serialize_buffer
   serialize_buffer* clone() const override = 0;
 
  protected:
+  //@{
+  // For the derived buffers only.
   serialize_buffer() = default;
   serialize_buffer(const serialize_buffer&) = default;
   serialize_buffer& operator=(const serialize_buffer&) = default;
+  //@}
 };
 
 }  // namespace serialization

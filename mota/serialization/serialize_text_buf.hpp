@@ -19,6 +19,7 @@
 namespace MOTA_2_18 {
 namespace serialization {
 
+// The text encoding: each value as decimal text followed by the separator 0x01.
 class MOTA_API serialize_text_buf : public serialize_buffer {
  public:
   // The byte that ends every item.
@@ -32,11 +33,14 @@ class MOTA_API serialize_text_buf : public serialize_buffer {
   serialize_text_buf(const serialize_buffer& other);  // NOLINT: converting on purpose
   // Takes the bytes of `bytes` as content; read position 0.
   serialize_text_buf(const std::string& bytes);  // NOLINT: converting on purpose
-  // Moves the content and the read position.
+  //@{
+  // The move constructor takes over the content and the read position; the assignments copy
+  // or take over both and return *this.
   serialize_text_buf(serialize_text_buf&& other) noexcept;
   serialize_text_buf& operator=(const serialize_text_buf& other);
   serialize_text_buf& operator=(serialize_text_buf&& other) noexcept;
   ~serialize_text_buf() override;
+  //@}
 
   void assign(const serialize_buffer& other) override;
   void assign(const std::string& bytes) override;
@@ -44,6 +48,8 @@ class MOTA_API serialize_text_buf : public serialize_buffer {
 
   std::string as_str() const override;
 
+  //@{
+  // The value in decimal ("-" first when negative; a signed char as a number), then 0x01.
   void append_int8(const signed char& value) override;
   void append_int16(const short& value) override;
   void append_int32(const int& value) override;
@@ -52,13 +58,19 @@ class MOTA_API serialize_text_buf : public serialize_buffer {
   void append_uint16(const unsigned short& value) override;
   void append_uint32(const unsigned int& value) override;
   void append_uint64(const unsigned long long& value) override;
-  // Written as a std::stringstream writes the value (widened to double) with `precision`
-  // significant digits in its default notation: 3.14159265 at precision 3 is "3.14".
+  //@}
+  //@{
+  // Floating values are written as a std::stringstream writes the value (widened to double)
+  // with `precision` significant digits in its default notation: 3.14159265 at precision 3 is
+  // "3.14". append_string and append_buffer write the length in decimal, 0x01, the bytes (a
+  // buffer's as_str()) and 0x01. Each item ends with 0x01.
   void append_float(const float& value, const unsigned int& precision = 9) override;
   void append_double(const double& value, const unsigned int& precision = 17) override;
   void append_string(const std::string& value) override;
   void append_buffer(const serialize_buffer& other) override;
+  //@}
 
+  //@{
   // Number reads take the text up to the next 0x01 (or to the end of the content, which then
   // exhausts the buffer until reset_read) and parse it with the generic::convert parsers, so
   // text that is not a number reads as 0 and an out-of-range number saturates. A read position
@@ -75,6 +87,7 @@ class MOTA_API serialize_text_buf : public serialize_buffer {
   unsigned long long read_uint64() const override;
   float read_float() const override;
   double read_double() const override;
+  //@}
   // Reads the length, then that many bytes (fewer if the content ends first), and steps past
   // the trailing 0x01. Empty when exhausted; std::out_of_range as above when the position is
   // beyond the content.

@@ -24,11 +24,13 @@ MOTA_API ustring16 check_BOM_and_swap(const ustring16& text);
 // Swaps in place when the first unit is 0xFFFE, else leaves the text alone.
 MOTA_API void check_BOM_and_modify_swap(ustring16& text);
 
+//@{
 // The text without a leading byte-order mark in its own encoding (EF BB BF for UTF-8, the unit
 // 0xFEFF for UTF-16 and UTF-32), else an unchanged copy. A swapped mark (0xFFFE) is kept.
 MOTA_API ustring8 remove_BOM(const ustring8& text);
 MOTA_API ustring16 remove_BOM(const ustring16& text);
 MOTA_API ustring32 remove_BOM(const ustring32& text);
+//@}
 
 }  // namespace strings
 }  // namespace MOTA_2_18

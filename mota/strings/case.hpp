@@ -13,16 +13,21 @@
 namespace MOTA_2_18 {
 namespace strings {
 
+//@{
 // A copy with every element mapped by tolower (a char element is passed as a signed value).
 MOTA_API ustring8 to_lower(const ustring8& text);
 MOTA_API ustring16 to_lower(const ustring16& text);
 MOTA_API ustring32 to_lower(const ustring32& text);
+//@}
 
+//@{
 // A copy with every element mapped by toupper (a char element is passed as a signed value).
 MOTA_API ustring8 to_upper(const ustring8& text);
 MOTA_API ustring16 to_upper(const ustring16& text);
 MOTA_API ustring32 to_upper(const ustring32& text);
+//@}
 
+//@{
 // A copy in which the elements from `start` up to, not including, `end` are mapped by tolower.
 // An end of 0xFFFFFFFF means the text's size; an end not greater than start changes nothing.
 // An end beyond the size is treated as the size.
@@ -32,6 +37,7 @@ MOTA_API ustring16 lower_case(const ustring16& text, unsigned int start = 0,
                               unsigned int end = 0xFFFFFFFFu);
 MOTA_API ustring32 lower_case(const ustring32& text, unsigned int start = 0,
                               unsigned int end = 0xFFFFFFFFu);
+//@}
 
 }  // namespace strings
 }  // namespace MOTA_2_18

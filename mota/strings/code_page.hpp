@@ -20,6 +20,8 @@
 namespace MOTA_2_18 {
 namespace strings {
 
+// A character set named by its code-page number, and the conversions between it and UTF-8,
+// UTF-16 and UTF-32 text. Cheap to copy: it holds only the code.
 class MOTA_API code_page {
  public:
   // The valid codes; every other value, 0 included, is rejected by the conversions.
@@ -57,24 +59,29 @@ class MOTA_API code_page {
     ascii = 125100,
   };
 
-  // The nil code page (code 0).
+  //@{
+  // The default and the nil_t forms give the nil code page (code 0); the encoding_type form
+  // holds `type`, which is not checked until a conversion uses it; the copy holds the other's.
   code_page();
   code_page(const types::nil_t&);        // NOLINT: implicit on purpose
   code_page(const encoding_type& type);  // NOLINT: implicit on purpose
   code_page(const code_page& other);
+  //@}
 
+  //@{
+  // Takes the other's code or `type` (unchecked); nil sets code 0. Each returns *this.
   code_page& assign(const code_page& other);
   code_page& assign(const encoding_type& type);
-  // Sets code 0.
   code_page& assign(const types::nil_t&);
   code_page& operator=(const code_page& other);
   code_page& operator=(const encoding_type& type);
   code_page& operator=(const types::nil_t&);
+  //@}
 
-  // Equality of codes.
+  //@{
+  // Equality of codes; against nil, true when the code is 0. operator!= is the negation.
   bool equal(const code_page& other) const;
   bool equal(const encoding_type& type) const;
-  // True when the code is 0.
   bool equal(const types::nil_t&) const;
   bool operator==(const code_page& other) const;
   bool operator==(const encoding_type& type) const;
@@ -82,8 +89,11 @@ class MOTA_API code_page {
   bool operator!=(const code_page& other) const;
   bool operator!=(const encoding_type& type) const;
   bool operator!=(const types::nil_t&) const;
+  //@}
 
+  // The code.
   encoding_type type() const;
+  // Sets the code; it is not checked until a conversion uses it.
   void type(const encoding_type& type);
 
   // The name iconv knows `type` by ("GBK", "CP1252", "ISO-8859-15", the process's own set for
@@ -98,17 +108,21 @@ class MOTA_API code_page {
   // cannot convert between the two sets, "Unknown failure on iconv open", "Unknown iconv
   // error" or "iconv failed to close" for other iconv failures.
   std::string encode(const ustring8& text) const;
+  //@{
   // UTF-16 / UTF-32 `text` made UTF-8 by utf16_to_utf8 / utf32_to_utf8, then as above (text
   // those reject arrives here as "-1").
   std::string encode(const ustring16& text) const;
   std::string encode(const ustring32& text) const;
+  //@}
 
   // `text` in this code page converted to UTF-8; undecodable bytes become "?", an incomplete
   // sequence at the end is dropped. Throws as encode.
   ustring8 as_utf8(const std::string& text) const;
+  //@{
   // as_utf8 followed by utf8_to_utf16 / utf8_to_utf32.
   ustring16 as_utf16(const std::string& text) const;
   ustring32 as_utf32(const std::string& text) const;
+  //@}
   // The same as as_utf8.
   ustring8 as_ustring(const std::string& text) const;
 

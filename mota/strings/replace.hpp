@@ -14,6 +14,7 @@
 namespace MOTA_2_18 {
 namespace strings {
 
+//@{
 // Replaces every occurrence of `what` by `with`, scanning left to right and resuming just after
 // each inserted replacement (a replacement containing the pattern is not replaced again).
 // Returns the number of replacements; an empty `what` changes nothing and returns 0.
@@ -22,6 +23,7 @@ MOTA_API int replace_all(ustring16& text, const ustring16& what, const ustring16
 MOTA_API int replace_all(ustring32& text, const ustring32& what, const ustring32& with);
 MOTA_API int replace_all(std::string& text, const std::string& what, const std::string& with);
 MOTA_API int replace_all(std::wstring& text, const std::wstring& what, const std::wstring& with);
+//@}
 
 }  // namespace strings
 }  // namespace MOTA_2_18

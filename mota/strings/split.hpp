@@ -15,6 +15,7 @@
 namespace MOTA_2_18 {
 namespace strings {
 
+//@{
 // The pieces between separators, left to right. An empty separator gives the whole text as
 // the one piece (an empty text included). Otherwise a positive `limit` n splits at no more than
 // n separators and 0 or a negative limit splits at all; two touching separators or a leading
@@ -30,6 +31,7 @@ MOTA_API std::vector<std::string> split_string(const std::string& text,
                                                const std::string& separator, int limit = 0);
 MOTA_API std::vector<std::wstring> split_string(const std::wstring& text,
                                                 const std::wstring& separator, int limit = 0);
+//@}
 
 }  // namespace strings
 }  // namespace MOTA_2_18

@@ -68,15 +68,19 @@ MOTA_API ustring16 utf32_to_utf16(const ustring32& text);
 
 // --- counting and indexing -----------------------------------------------------------------
 
+//@{
 // Elements before the terminating zero; 0 for a null pointer.
 MOTA_API unsigned int string_length(const char* text);
 MOTA_API unsigned int string_length(const unsigned short* text);
 MOTA_API unsigned int string_length(const wchar_t* text);
+//@}
 
+//@{
 // The element count (the size of the underlying string).
 MOTA_API unsigned int string_length(const ustring8& text);
 MOTA_API unsigned int string_length(const ustring16& text);
 MOTA_API unsigned int string_length(const ustring32& text);
+//@}
 
 // The byte offset at which the n-th character (from 0) starts. Returns -1 when n is not below
 // the byte count or a character on the way is malformed (or the text ends first), 0 for n = 0.

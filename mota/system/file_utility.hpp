@@ -18,11 +18,13 @@
 #include <vector>
 
 namespace MOTA_2_18 {
+// Operating-system services: files, directories, dates and times.
 namespace system {
 
 // Every function takes a UTF-8 path; the UTF-16 and UTF-32 forms convert the path to UTF-8
 // and behave alike. Paths reach the system as their bytes, without normalisation.
 
+//@{
 // Reads the whole file, byte for byte (no byte-order-mark handling), into `content` and
 // returns 0. Returns 1 and leaves `content` untouched when the path is a symbolic link or
 // anything but a regular file (a directory, a FIFO, a device) or cannot be opened; it never
@@ -35,7 +37,9 @@ MOTA_API int load_file(const strings::ustring16& path, strings::ustring8& conten
 MOTA_API int load_file(const strings::ustring16& path, std::string& content);
 MOTA_API int load_file(const strings::ustring32& path, strings::ustring8& content);
 MOTA_API int load_file(const strings::ustring32& path, std::string& content);
+//@}
 
+//@{
 // Writes `content` as the whole file and returns 0. The content goes to a temporary file
 // beside the target (".<name>.XXXXXX"), is synced and renamed over it with the old file's
 // owner and permission bits, so a crash or a failure leaves the old file as it was. Where the
@@ -45,7 +49,9 @@ MOTA_API int load_file(const strings::ustring32& path, std::string& content);
 MOTA_API int store_file(const strings::ustring8& path, const strings::ustring8& content);
 MOTA_API int store_file(const strings::ustring16& path, const strings::ustring8& content);
 MOTA_API int store_file(const strings::ustring32& path, const strings::ustring8& content);
+//@}
 
+//@{
 // Returns true at once when the path is an existing directory. Otherwise calls mkdir (mode
 // 0775) on every prefix of the path that ends before a "/" (a leading "/" or "./" excepted),
 // or on the whole path when it holds no "/", and returns whether the last call succeeded.
@@ -54,13 +60,17 @@ MOTA_API int store_file(const strings::ustring32& path, const strings::ustring8&
 MOTA_API bool create_directory(const strings::ustring8& path);
 MOTA_API bool create_directory(const strings::ustring16& path);
 MOTA_API bool create_directory(const strings::ustring32& path);
+//@}
 
+//@{
 // True when stat succeeds and the owner-read bit (0400) is set; the caller's identity is not
 // considered.
 MOTA_API bool have_read_access(const strings::ustring8& path);
 MOTA_API bool have_read_access(const strings::ustring16& path);
 MOTA_API bool have_read_access(const strings::ustring32& path);
+//@}
 
+//@{
 // Appends to `files` the full paths (directory + "/" + name, the "/" always added) of the
 // regular files with the owner-read bit found under the directory: each directory's files in
 // the order the system lists them, then its readable subdirectories, depth first. Links are
@@ -72,12 +82,15 @@ MOTA_API void get_directory_files(const strings::ustring16& directory,
                                   std::vector<strings::ustring16>& files);
 MOTA_API void get_directory_files(const strings::ustring32& directory,
                                   std::vector<strings::ustring32>& files);
+//@}
 
+//@{
 // Every entry of the directory but "." and "..", as directory + "/" + name, unfiltered and
 // not recursive; empty when the directory cannot be opened.
 MOTA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& directory);
 MOTA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& directory);
 MOTA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& directory);
+//@}
 
 // Unless the path is a symbolic link, opens `stream` on it with in | binary and returns true
 // (whether or not the open succeeded: test the stream too); returns false for a link without

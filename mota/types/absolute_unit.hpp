@@ -16,22 +16,28 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// A length, kept in raw units of 1/100000 inch; a derived class gives it a unit to be read in.
 class MOTA_API absolute_unit {
  public:
+  //@{
+  // A zero length, or a copy of another length.
   absolute_unit() = default;
   absolute_unit(absolute_unit const&) = default;
   absolute_unit& operator=(absolute_unit const&) = default;
+  //@}
   // Raw length `raw`.
   absolute_unit(int raw) : m_raw(raw) {}  // NOLINT: implicit on purpose
   // Raw length `raw` truncated toward zero; fractions of a raw unit are dropped (intended).
   absolute_unit(double raw);  // NOLINT
   virtual ~absolute_unit();
 
+  //@{
   // The unit code, the rounded whole length and the length rounded to two decimals, in the
   // unit of this object.
   int type() const { return do_type(); }
   int as_int32() const { return do_as_int32(); }
   double as_double() const { return do_as_double(); }
+  //@}
 
   // The raw length truncated to int.
   int as_md() const;
@@ -43,10 +49,12 @@ class MOTA_API absolute_unit {
   // truncated); any code outside 1 to 8 sets it to 0.0.
   void value(double v);
 
+  //@{
   // What type(), as_int32() and as_double() return; open to callers as well.
   virtual int do_type() const = 0;
   virtual int do_as_int32() const = 0;
   virtual double do_as_double() const = 0;
+  //@}
 
  protected:
   // floor(v + 0.5) as an int, saturated at the int range (NaN gives 0).
@@ -56,9 +64,12 @@ class MOTA_API absolute_unit {
   double m_raw = 0.0;
 };
 
+// The length read and written in the unit with code N (1 raw, 2 dots, 3 mm, 4 cm, 5 inches,
+// 6 points, 7 picas, 8 pixels); other codes read as 0.
 template <int N>
 class basic_absolute_impl : public absolute_unit {
  public:
+  // The raw-length constructors of absolute_unit.
   using absolute_unit::absolute_unit;
   basic_absolute_impl() = default;
   // Any other length, re-read in this unit.

@@ -13,37 +13,54 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// An RGBA colour, one byte per channel; cheap to copy.
 class MOTA_API color_t {
  public:
+  //@{
+  // Transparent black (all four bytes 0), or a copy.
   color_t() = default;
   color_t(color_t const&) = default;
+  //@}
   // The four bytes of `value`, red lowest, alpha highest.
   color_t(int value) { assign(value); }  // NOLINT: implicit on purpose
+  // The four channels as given.
   color_t(unsigned char red, unsigned char green, unsigned char blue, unsigned char alpha)
       : m_red(red), m_green(green), m_blue(blue), m_alpha(alpha) {}
   // Opaque: alpha 255.
   color_t(unsigned char red, unsigned char green, unsigned char blue)
       : m_red(red), m_green(green), m_blue(blue), m_alpha(255) {}
 
+  //@{
+  // The same as the constructor with the same arguments.
   static color_t rgba(int const& value) { return color_t(value); }
   static color_t rgba(unsigned char red, unsigned char green, unsigned char blue,
                       unsigned char alpha) {
     return color_t(red, green, blue, alpha);
   }
-  // Takes all four bytes of `value`, alpha included, like rgba(int) (intended).
+  //@}
+  //@{
+  // rgb(int) takes all four bytes of `value`, alpha included, like rgba(int) (intended);
+  // rgb(red, green, blue) is opaque, alpha 255.
   static color_t rgb(int const& value) { return color_t(value); }
   static color_t rgb(unsigned char red, unsigned char green, unsigned char blue) {
     return color_t(red, green, blue);
   }
+  //@}
 
+  //@{
+  // The channel's byte.
   unsigned char red() const { return m_red; }
   unsigned char green() const { return m_green; }
   unsigned char blue() const { return m_blue; }
   unsigned char alpha() const { return m_alpha; }
+  //@}
+  //@{
+  // Sets the channel's byte.
   void red(unsigned char value) { m_red = value; }
   void green(unsigned char value) { m_green = value; }
   void blue(unsigned char value) { m_blue = value; }
   void alpha(unsigned char value) { m_alpha = value; }
+  //@}
 
   // The four bytes as one integer.
   int as_int32() const {
@@ -55,6 +72,8 @@ class MOTA_API color_t {
   // as_int32() with the alpha byte cleared.
   int as_rgb() const { return as_int32() & 0xFFFFFF; }
 
+  //@{
+  // Takes the other colour's bytes, or the four bytes of `value` (red lowest); returns *this.
   color_t& assign(color_t const& other) {
     m_red = other.m_red;
     m_green = other.m_green;
@@ -72,7 +91,9 @@ class MOTA_API color_t {
   }
   color_t& operator=(color_t const& other) { return assign(other); }
   color_t& operator=(int value) { return assign(value); }
+  //@}
 
+  //@{
   // Compare all four bytes.
   bool equal(color_t const& other) const {
     return m_red == other.m_red && m_green == other.m_green && m_blue == other.m_blue &&
@@ -80,6 +101,7 @@ class MOTA_API color_t {
   }
   bool operator==(color_t const& other) const { return equal(other); }
   bool operator!=(color_t const& other) const { return !equal(other); }
+  //@}
 
  private:
   unsigned char m_red = 0;

@@ -11,8 +11,10 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// The type of `nil`: no value. Every nil_t equals every other.
 struct MOTA_API nil_t {};
 
+// The nil value: compare with it to test for "nothing", assign it to clear.
 inline constexpr nil_t nil{};
 
 }  // namespace types

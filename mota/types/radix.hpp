@@ -12,6 +12,7 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// The radixes the integer parsers of generic::convert accept.
 struct radix_t {
   // Values 2 to 36 are radixes, 0 means "detect"; any other value is rejected by the parsers
   // (the fixed underlying type keeps such values well defined so they can be reported).

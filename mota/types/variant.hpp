@@ -20,10 +20,15 @@
 #include <typeinfo>
 
 namespace MOTA_2_18 {
+// Value types: the variant and its value objects, nil, units, colours and radixes.
 namespace types {
 
+// A value of one of eighteen types (nil, bool, the integers, the floating types and the five
+// string classes) behind a shared, reference-counted value object. Copies share the object;
+// every as_* reads the value converted to the asked type.
 class MOTA_API variant {
  public:
+  // The shared handle to the value object.
   using pointer_type = memory::pointers::rc_pointer<variant_type>;
 
   // Nil.
@@ -32,8 +37,11 @@ class MOTA_API variant {
   // object and reads as nil.
   variant(variant const& other) noexcept
       : m_value(&other != this ? other.m_value : pointer_type()) {}
+  // Nil, like the default constructor.
   variant(nil_t const&);  // NOLINT: implicit on purpose, as are the value constructors
 
+  //@{
+  // Holds a copy of `value` in its own type.
   variant(bool value);  // NOLINT
   variant(signed char const& value);
   variant(short const& value);
@@ -46,39 +54,48 @@ class MOTA_API variant {
   variant(float const& value);
   variant(double const& value);
   variant(long double const& value);
+  //@}
 
   // Zero-terminated UTF-8; a null pointer throws std::logic_error
   // ("basic_string::_M_construct null not valid") and allocates nothing.
   variant(char const* text);
   // Zero-terminated UTF-16 units; a null pointer throws as above.
   variant(unsigned short const* text);
-  // Zero-terminated UTF-32 units, held as a ustring32; a null pointer throws as above.
+  //@{
+  // Zero-terminated UTF-32 units, held as a ustring32 (a null pointer throws as above); each
+  // string class is held as a copy in its own type.
   variant(wchar_t const* text);
   variant(strings::ustring8 const& text);
   variant(strings::ustring16 const& text);
   variant(strings::ustring32 const& text);
   variant(std::string const& text);
   variant(std::wstring const& text);
+  //@}
 
   ~variant() = default;
 
   // The type information of the held type (that of nil_t for nil).
   std::type_info const& type() const { return held().type(); }
 
+  //@{
   // True exactly when the held type is nil_t.
   bool equal(nil_t const&) const { return is_nil_type(type()); }
   bool operator==(nil_t const& n) const { return equal(n); }
   bool operator!=(nil_t const& n) const { return !equal(n); }
+  //@}
 
   // Makes the variant nil with a fresh nil value object.
   variant& operator=(nil_t const&);
+  //@{
   // Shares `other`'s value object; assigning a variant to itself changes nothing.
   variant& assign(variant const& other) {
     if (this != &other) m_value = other.m_value;
     return *this;
   }
   variant& operator=(variant const& other) { return assign(other); }
+  //@}
 
+  //@{
   // Numeric reads. Text is parsed by generic::convert (its exceptions pass through); nil is 0.
   int as_int() const { return held().as_int(); }
   short as_short() const { return held().as_short(); }
@@ -95,7 +112,9 @@ class MOTA_API variant {
   float as_float() const { return held().as_float(); }
   double as_double() const { return held().as_double(); }
   long double as_long_double() const { return held().as_long_double(); }
+  //@}
 
+  //@{
   // These five read through the signed conversions on purpose (e.g. a held text is parsed as
   // a signed int for as_uint) and return that result in their own type.
   int as_signed() const { return held().as_int(); }
@@ -103,7 +122,9 @@ class MOTA_API variant {
   unsigned int as_uint() const { return static_cast<unsigned int>(held().as_int()); }
   std::uint32_t as_ulong() const { return static_cast<std::uint32_t>(held().as_long()); }
   unsigned short as_ushort() const { return static_cast<unsigned short>(held().as_short()); }
+  //@}
 
+  //@{
   // Text reads; nil reads as an empty string.
   strings::ustring8 as_string() const {
     variant_type const& value = held();
@@ -129,6 +150,7 @@ class MOTA_API variant {
     variant_type const& value = held();
     return is_nil_type(value.type()) ? strings::ustring32() : value.as_utf32();
   }
+  //@}
 
   // The shared value object (nil's when the handle is empty).
   variant_type const& held() const { return m_value ? *m_value : empty_value(); }

@@ -21,6 +21,8 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// The interface of a variant's value object: its held type, a copy, stream output and the
+// conversions to every type a variant reads as. Reference counted, so variants can share it.
 class MOTA_API variant_type
     : public generic::abilities::reference_count_pointer_ability<variant_type>,
       public generic::abilities::clone_ability {
@@ -36,6 +38,7 @@ class MOTA_API variant_type
   // Writes the value to `os` and returns it.
   virtual std::ostream& ostream(std::ostream& os) const = 0;
 
+  //@{
   // Integer conversions. Numbers convert arithmetically (truncating, modulo 2^N on narrowing);
   // text is parsed with generic::convert, whose exceptions pass through unchanged.
   virtual int as_int() const = 0;
@@ -50,7 +53,9 @@ class MOTA_API variant_type
   virtual std::uint32_t as_uint32() const = 0;
   virtual std::uint64_t as_uint64() const = 0;
   virtual bool as_bool() const = 0;
+  //@}
 
+  //@{
   // Text conversions; the empty value converts to "0".
   virtual strings::ustring8 as_string() const = 0;
   virtual std::wstring as_wstring() const = 0;
@@ -58,16 +63,22 @@ class MOTA_API variant_type
   virtual strings::ustring8 as_utf8() const = 0;
   virtual strings::ustring16 as_utf16() const = 0;
   virtual strings::ustring32 as_utf32() const = 0;
+  //@}
 
+  //@{
   // Floating conversions.
   virtual float as_float() const = 0;
   virtual double as_double() const = 0;
   virtual long double as_long_double() const = 0;
+  //@}
 
  protected:
+  //@{
+  // Only the derived value objects are made or copied; a copy starts uncounted.
   variant_type() = default;
   variant_type(variant_type const&) = default;
   variant_type& operator=(variant_type const&) = delete;
+  //@}
 };
 
 }  // namespace types

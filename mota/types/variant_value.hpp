@@ -19,15 +19,20 @@
 namespace MOTA_2_18 {
 namespace types {
 
+// The value object of a variant that holds a T; made and shared by variant.
 template <class T>
 class MOTA_API variant_value_t final : public variant_type {
  public:
+  // The held type.
   using value_type = T;
 
+  //@{
+  // A default-constructed T, a copy of (or the moved) `value`, or a copy of the other's value.
   variant_value_t();
   explicit variant_value_t(T const& value);
   explicit variant_value_t(T&& value);
   variant_value_t(variant_value_t const& other);
+  //@}
   ~variant_value_t() override;
 
   // The held value.
@@ -66,6 +71,7 @@ class MOTA_API variant_value_t final : public variant_type {
   T const m_value;
 };
 
+//@{
 // The eighteen held types are instantiated once, inside the library.
 extern template class variant_value_t<nil_t>;
 extern template class variant_value_t<bool>;
@@ -85,6 +91,7 @@ extern template class variant_value_t<strings::ustring16>;
 extern template class variant_value_t<strings::ustring32>;
 extern template class variant_value_t<std::string>;
 extern template class variant_value_t<std::wstring>;
+//@}
 
 }  // namespace types
 }  // namespace MOTA_2_18

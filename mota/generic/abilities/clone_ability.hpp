@@ -9,8 +9,10 @@
 
 namespace MOTA_2_18 {
 namespace generic {
+// Mix-ins that give a class polymorphic copying, creation or reference counting.
 namespace abilities {
 
+// The interface of an object that copies itself through a base pointer.
 class MOTA_API clone_ability {
  public:
   virtual ~clone_ability() = default;
@@ -18,9 +20,12 @@ class MOTA_API clone_ability {
   virtual clone_ability* clone() const = 0;
 
  protected:
+  //@{
+  // For the derived classes only.
   clone_ability() = default;
   clone_ability(const clone_ability&) = default;
   clone_ability& operator=(const clone_ability&) = default;
+  //@}
 };
 
 }  // namespace abilities

@@ -11,6 +11,7 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace abilities {
 
+// The interface of an object that makes a fresh object of its own type through a base pointer.
 class MOTA_API create_ability {
  public:
   virtual ~create_ability() = default;
@@ -18,9 +19,12 @@ class MOTA_API create_ability {
   virtual create_ability* create() const = 0;
 
  protected:
+  //@{
+  // For the derived classes only.
   create_ability() = default;
   create_ability(const create_ability&) = default;
   create_ability& operator=(const create_ability&) = default;
+  //@}
 };
 
 }  // namespace abilities

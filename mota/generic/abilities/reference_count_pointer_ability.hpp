@@ -16,14 +16,20 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace abilities {
 
+// The reference count and delete-on-zero flag that rc_pointer<T> manages for T.
 template <class T>
 class reference_count_pointer_ability {
  public:
+  // Whether the last releasing pointer deletes the object.
   bool delete_on_zero() const { return m_delete_on_zero; }
+  // Sets whether the last releasing pointer deletes the object; set it once a heap object is
+  // complete.
   void delete_on_zero(bool flag) { m_delete_on_zero = flag; }
 
+  // The number of pointers holding the object.
   std::int32_t reference_count() const { return m_reference_count; }
 
+  // Counts one more pointer.
   void add_reference() { ++m_reference_count; }
 
   // Drops one reference; true when this was the last one and the object should now be
@@ -34,13 +40,17 @@ class reference_count_pointer_ability {
   }
 
  protected:
+  // An uncounted object that no pointer deletes.
   reference_count_pointer_ability() = default;
+  //@{
   // A copy is a new object: it starts uncounted and not yet owned by anyone.
   reference_count_pointer_ability(const reference_count_pointer_ability&) {}
+  // Assignment leaves the count and the flag of this object as they are.
   reference_count_pointer_ability& operator=(const reference_count_pointer_ability&) {
     return *this;
   }
   ~reference_count_pointer_ability() = default;
+  //@}
 
  private:
   bool m_delete_on_zero = false;

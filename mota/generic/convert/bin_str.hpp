@@ -24,7 +24,10 @@ namespace convert {
 // check; bin_str_to_*(const std::string&) returns 0 (0.0) when the string is shorter than the
 // width and ignores bytes past it. *_to_bin_str returns exactly the width in bytes.
 
-// Machine byte order.
+//@{
+// The value whose bytes start `bytes`, in the machine's own byte order. The const char* forms
+// read the width without a length check; the std::string forms return 0 (0.0) for a string
+// shorter than the width.
 MOTA_API short bin_str_to_int16(const char* bytes);
 MOTA_API short bin_str_to_int16(const std::string& bytes);
 MOTA_API int bin_str_to_int32(const char* bytes);
@@ -41,7 +44,10 @@ MOTA_API float bin_str_to_float(const char* bytes);
 MOTA_API float bin_str_to_float(const std::string& bytes);
 MOTA_API double bin_str_to_double(const char* bytes);
 MOTA_API double bin_str_to_double(const std::string& bytes);
+//@}
 
+//@{
+// The bytes of `value` in the machine's own byte order, exactly its width.
 MOTA_API std::string int16_to_bin_str(const short& value);
 MOTA_API std::string int32_to_bin_str(const int& value);
 MOTA_API std::string int64_to_bin_str(const long long& value);
@@ -50,9 +56,13 @@ MOTA_API std::string uint32_to_bin_str(const unsigned int& value);
 MOTA_API std::string uint64_to_bin_str(const unsigned long long& value);
 MOTA_API std::string float_to_bin_str(const float& value);
 MOTA_API std::string double_to_bin_str(const double& value);
+//@}
 
 // Most significant byte first (the same order as big_endian, on purpose).
 namespace little_endian {
+//@{
+// The value whose bytes start `bytes`, most significant first; lengths as in the machine-order
+// forms.
 MOTA_API short bin_str_to_int16(const char* bytes);
 MOTA_API short bin_str_to_int16(const std::string& bytes);
 MOTA_API int bin_str_to_int32(const char* bytes);
@@ -69,7 +79,10 @@ MOTA_API float bin_str_to_float(const char* bytes);
 MOTA_API float bin_str_to_float(const std::string& bytes);
 MOTA_API double bin_str_to_double(const char* bytes);
 MOTA_API double bin_str_to_double(const std::string& bytes);
+//@}
 
+//@{
+// The bytes of `value`, most significant first (despite the namespace's name), exactly its width.
 MOTA_API std::string int16_to_bin_str(const short& value);
 MOTA_API std::string int32_to_bin_str(const int& value);
 MOTA_API std::string int64_to_bin_str(const long long& value);
@@ -78,10 +91,14 @@ MOTA_API std::string uint32_to_bin_str(const unsigned int& value);
 MOTA_API std::string uint64_to_bin_str(const unsigned long long& value);
 MOTA_API std::string float_to_bin_str(const float& value);
 MOTA_API std::string double_to_bin_str(const double& value);
+//@}
 }  // namespace little_endian
 
 // Most significant byte first.
 namespace big_endian {
+//@{
+// The value whose bytes start `bytes`, most significant first; lengths as in the machine-order
+// forms.
 MOTA_API short bin_str_to_int16(const char* bytes);
 MOTA_API short bin_str_to_int16(const std::string& bytes);
 MOTA_API int bin_str_to_int32(const char* bytes);
@@ -98,7 +115,10 @@ MOTA_API float bin_str_to_float(const char* bytes);
 MOTA_API float bin_str_to_float(const std::string& bytes);
 MOTA_API double bin_str_to_double(const char* bytes);
 MOTA_API double bin_str_to_double(const std::string& bytes);
+//@}
 
+//@{
+// The bytes of `value`, most significant first, exactly its width.
 MOTA_API std::string int16_to_bin_str(const short& value);
 MOTA_API std::string int32_to_bin_str(const int& value);
 MOTA_API std::string int64_to_bin_str(const long long& value);
@@ -107,6 +127,7 @@ MOTA_API std::string uint32_to_bin_str(const unsigned int& value);
 MOTA_API std::string uint64_to_bin_str(const unsigned long long& value);
 MOTA_API std::string float_to_bin_str(const float& value);
 MOTA_API std::string double_to_bin_str(const double& value);
+//@}
 }  // namespace big_endian
 
 }  // namespace convert

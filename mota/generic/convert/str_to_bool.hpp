@@ -13,11 +13,13 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace convert {
 
+//@{
 // True for "yes", "on", "true" (letters compared after the C library's tolower, so "ON" and
 // "True" count) and for text that str_to_long reads with radix detection as non-zero; false
 // otherwise. Never throws: out-of-range numbers are clamped and so count as true.
 MOTA_API bool str_to_bool(const strings::ustring16& text);
 MOTA_API bool str_to_bool(const strings::ustring32& text);
+//@}
 
 }  // namespace convert
 }  // namespace generic

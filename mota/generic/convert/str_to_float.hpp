@@ -15,6 +15,7 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace convert {
 
+//@{
 // Each returns the number at the start of `text` (leading blanks skipped, trailing text
 // ignored); 0 when no number of the type can be read (also when it is out of the type's range).
 // Never throws for bad input. The forms with a locale read the text with that locale's
@@ -26,6 +27,7 @@ MOTA_API long double str_to_long_double(const strings::ustring8& text);
 MOTA_API float str_to_float(const strings::ustring8& text, const std::locale& locale);
 MOTA_API double str_to_double(const strings::ustring8& text, const std::locale& locale);
 MOTA_API long double str_to_long_double(const strings::ustring8& text, const std::locale& locale);
+//@}
 
 }  // namespace convert
 }  // namespace generic

@@ -22,6 +22,7 @@
 
 namespace MOTA_2_18 {
 namespace generic {
+// Conversions between numbers and text or raw bytes; bad input gives a defined value.
 namespace convert {
 
 // The signed parser behind every signed str_to_* function, instantiated for int, long, short,
@@ -48,6 +49,7 @@ template <typename T, typename C>
 MOTA_API T strtouintx(const C* text, unsigned int size, unsigned int radix,
                       bool throw_on_range_error);
 
+//@{
 // The forwarders: each returns strtointx / strtouintx of its result type, with the same
 // results and exceptions.
 MOTA_API std::int32_t str_to_long(const char* text, unsigned int size, types::radix_t::base radix,
@@ -140,12 +142,15 @@ MOTA_API unsigned long long str_to_uint64(const unsigned short* text, unsigned i
                                           types::radix_t::base radix, bool throw_on_range_error);
 MOTA_API unsigned long long str_to_uint64(const wchar_t* text, unsigned int size,
                                           types::radix_t::base radix, bool throw_on_range_error);
+//@}
 
+//@{
 // True when the C library's isspace holds for the value; values outside the byte range are
 // never blank.
 MOTA_API bool is_space(char c);
 MOTA_API bool is_space(unsigned short c);
 MOTA_API bool is_space(wchar_t c);
+//@}
 
 }  // namespace convert
 }  // namespace generic

@@ -18,6 +18,7 @@ namespace MOTA_2_18 {
 namespace generic {
 namespace convert {
 
+//@{
 // Each writes `value` in `radix` to `buffer`, "-" first for a negative value, followed by a
 // terminating zero, and returns `buffer`. The radix must be 2 to 36; any other radix writes
 // only the terminating zero (the empty text) rather than crash or overrun the buffer. The
@@ -39,6 +40,7 @@ MOTA_API char* ulltoa(unsigned long long value, char* buffer, unsigned int radix
 MOTA_API unsigned short* ulltoa(unsigned long long value, unsigned short* buffer,
                                 unsigned int radix);
 MOTA_API wchar_t* ulltoa(unsigned long long value, wchar_t* buffer, unsigned int radix);
+//@}
 
 // The decimal text of `value`, e.g. "-9223372036854775808".
 MOTA_API strings::ustring8 to_str(long long value);

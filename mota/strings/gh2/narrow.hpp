@@ -13,19 +13,25 @@
 
 namespace MOTA_2_18 {
 namespace strings {
+// Helpers for narrow (std::string) text: UTF-8 sequence checks, case, the system character
+// set and the UTF-8 standard streams.
 namespace gh2 {
 
+//@{
 // The length of the UTF-8 sequence that the first byte announces: 1 below 0x80, 2 for
 // 0xC0..0xDF, 3 for 0xE0..0xEF, 4 for 0xF0..0xF7, and 0 for anything else (a continuation
 // byte, 0xF8..0xFF), a null pointer or a zero size. Only the first byte is looked at.
 MOTA_API unsigned int get_utf8_length(const char* data, unsigned int size);
 MOTA_API unsigned int get_utf8_length(const unsigned char* data, unsigned int size);
+//@}
 
+//@{
 // True when the first byte starts a sequence (as get_utf8_length classifies it), `size` holds
 // the whole sequence and every following byte of it is a continuation byte (0x80..0xBF).
 // False for a null pointer or a zero size. Overlong forms are not looked for.
 MOTA_API bool validate_utf8(const char* data, unsigned int size);
 MOTA_API bool validate_utf8(const unsigned char* data, unsigned int size);
+//@}
 
 // A copy with every byte mapped by the C library's tolower (passed as a signed char value).
 MOTA_API std::string tolower(const std::string& text);

@@ -15,9 +15,12 @@ namespace MOTA_2_18 {
 namespace strings {
 namespace gh2 {
 
+//@{
+// std::cin, std::cout and std::cerr under the names UTF-8 text is read and written through.
 MOTA_API extern std::istream& ucin;
 MOTA_API extern std::ostream& ucout;
 MOTA_API extern std::ostream& ucerr;
+//@}
 
 }  // namespace gh2
 }  // namespace strings

@@ -16,11 +16,14 @@ namespace MOTA_2_18 {
 namespace system {
 namespace date_time {
 
+// A calendar date: day, month and year, with day arithmetic through a continuous day number.
 class MOTA_API date {
  public:
-  // All fields zero: not a valid date until set.
+  //@{
+  // All fields zero (not a valid date until set), or a copy.
   date() : m_year(0), m_month(0), m_day(0) {}
   date(const date& other) = default;
+  //@}
   // Day first: sets the day, then the month through their setters (which may throw), then
   // stores the year.
   date(unsigned int day, unsigned int month, unsigned int year);
@@ -34,35 +37,49 @@ class MOTA_API date {
   // Stores and returns the year; every value is accepted.
   unsigned int year(unsigned int value);
 
+  //@{
+  // The stored year and month.
   unsigned int year() const { return m_year; }
   unsigned int month() const { return m_month; }
+  //@}
   // The stored day clipped to the length of the month (0 for a month outside 1 to 12).
   unsigned int day() const;
   // The same as day().
   unsigned int get_days() const { return day(); }
 
+  //@{
+  // Whether `value` is a month (1 to 12) or a day (1 to 31, whatever the month).
   static bool is_valid_month(unsigned int value) { return value >= 1u && value <= 12u; }
   static bool is_valid_day(unsigned int value) { return value >= 1u && value <= 31u; }
+  //@}
 
   // Divisible by 4 and either not by 100 or by 400.
   bool is_leap_year() const;
   // True when the stored day is past the end of the month (and so day() clips it).
   bool is_day_constrained() const;
 
+  //@{
   // Today in the local time zone and in UTC.
   static date local_date();
   static date UTC_date();
+  //@}
 
+  //@{
+  // Copies the other date's fields; returns *this.
   date& assign(const date& other);
   date& operator=(const date& other) { return assign(other); }
+  //@}
   // Moves the date by the duration through the day number. The day after 28 February of a
   // leap year comes back as 1 March, so the arithmetic never lands on 29 February.
   date& plus_assign(const date_duration& duration);
+  //@{
   // As plus_assign with the negated duration; throws exceptions::out_of_range "date value out
-  // of valid range" when the day number is not greater than the duration's days.
+  // of valid range" when the day number is not greater than the duration's days. operator+=
+  // and operator-= are plus_assign and minus_assign.
   date& minus_assign(const date_duration& duration);
   date& operator+=(const date_duration& duration) { return plus_assign(duration); }
   date& operator-=(const date_duration& duration) { return minus_assign(duration); }
+  //@}
 
   // The continuous day number of the date (1 January 2000 is 730426), in unsigned 32-bit
   // arithmetic; an invalid date gives whatever the formula yields.
