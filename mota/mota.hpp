@@ -52,6 +52,8 @@
 #include <mota/strings/bom.hpp>
 #include <mota/strings/case.hpp>
 #include <mota/strings/code_page.hpp>
+#include <mota/strings/code_page_converter.hpp>
+#include <mota/strings/code_page_names.hpp>
 #include <mota/strings/gh2/narrow.hpp>
 #include <mota/strings/gh2/streams.hpp>
 #include <mota/strings/replace.hpp>

@@ -11,6 +11,7 @@
 #include <mota/system/io.hpp>
 #include <mota/types/variant.hpp>
 
+#include <iostream>
 #include <sstream>
 
 namespace mota_tool {
@@ -18,9 +19,23 @@ namespace {
 
 using mota::strings::ustring8;
 
+// The command-line item warns about arguments it ignores on standard output; while it loads,
+// standard output goes to the tool's error stream so that the answer stays alone on its own.
+class stdout_redirect {
+ public:
+  explicit stdout_redirect(std::ostream& to) : m_old(std::cout.rdbuf(to.rdbuf())) {}
+  ~stdout_redirect() { std::cout.rdbuf(m_old); }
+  stdout_redirect(const stdout_redirect&) = delete;
+  stdout_redirect& operator=(const stdout_redirect&) = delete;
+
+ private:
+  std::streambuf* m_old;
+};
+
 // Loads the configuration into `manager`: the words after "--" act as the command line of a
-// program called `program`, then the file, then `envp`.
-void load(mota::config::config_manager& manager, const arguments& args, const char* const* envp) {
+// program called `program`, then the file, then `envp`. The library's warnings go to `err`.
+void load(mota::config::config_manager& manager, const arguments& args, const char* const* envp,
+          std::ostream& err) {
   const std::string program = args.has("--program") ? args.value("--program") : "mota";
   std::vector<const char*> argv{program.c_str()};
   for (const std::string& word : args.rest())
@@ -30,13 +45,15 @@ void load(mota::config::config_manager& manager, const arguments& args, const ch
   manager.init(mota::config::std_config_dispatch(static_cast<int>(argv.size() - 1), argv.data(),
                                                  envp ? envp : no_environment,
                                                  ustring8(args.value("--file"))));
+  const stdout_redirect redirect(err);
   manager.load();
 }
 
-// A file named with --file that could not be read leaves its source empty; say so.
+// A file that was named (with --file or cfg_file) but could not be read leaves its source
+// empty; say so. The default mota.cfg is often absent on purpose.
 void warn_missing_file(const mota::config::config_manager& manager, const arguments& args,
                        std::ostream& err) {
-  if (!args.has("--file")) return;
+  if (!args.has("--file") && !manager.value_exist(ustring8("cfg_file"))) return;
   const auto item = manager.get_config_item("standard file");
   const auto* file = dynamic_cast<const mota::config::file_item*>(item.get());
   if (file && !mota::system::io::is_file(file->get_filename())) {
@@ -91,7 +108,7 @@ int run_config(const std::vector<std::string>& words, const char* const* envp, s
   }
 
   mota::config::config_manager manager;
-  load(manager, args, envp);
+  load(manager, args, envp, err);
   warn_missing_file(manager, args, err);
   if (command == "get") {
     const int code = get(positional[1], manager, out);

@@ -70,7 +70,7 @@ TEST(ToolProcess, AFifoIsUnreadableAndNeverWaitedOn) {
   ASSERT_EQ(0, mkfifo(fifo.c_str(), 0600));
   run_result r = run("xml check '" + fifo + "'");
   EXPECT_EQ(1, r.code);
-  EXPECT_EQ("mota: cannot read \"" + fifo + "\"\n", r.err);
+  EXPECT_EQ(fifo + ": unreadable: cannot read the file\n", r.out);
   r = run("config get x --file '" + fifo + "'", "x=1");
   EXPECT_EQ(0, r.code);
   EXPECT_EQ("1\n", r.out);

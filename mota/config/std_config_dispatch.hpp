@@ -23,6 +23,8 @@ class MOTA_API std_config_dispatch : public config_dispatch {
 
   // Appends a commandline_item, a file_item and an enviroment_item, in that order.
   void setup(item_list& items) override;
+  // Loads every item but the file items, then the file items, so that "cfg_file" from the
+  // command line or the environment names the file.
   void load(item_list& items) override;
   void unload(item_list& items) override;
   void save(item_list& items) override;
