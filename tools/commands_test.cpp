@@ -101,6 +101,10 @@ TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
       {{"config", "dump", "x"}, "unexpected argument \"x\"", config},
       {{"config", "set", "a"}, "unknown config subcommand \"set\"", config},
       {{"config", "get", "a", "--program="}, "--program needs a name", config},
+      {{"config", "check"}, "config check needs a FILE", config},
+      {{"config", "check", "f", "--env"}, "config check takes FILE... and --json only", config},
+      {{"config", "get", "a", "--json"}, "--json belongs to config check", config},
+      {{"config", "get", "a", "--env"}, "--env belongs to config dump", config},
   };
   for (const auto& c : cases) {
     const run_result r = run(c.args);
@@ -279,11 +283,59 @@ TEST(ToolConfig, CommandLineOverFileOverEnvironmentAndAbsentKeys) {
              "mota: warning: cannot read configuration file \"/no/such/app.cfg\"\n", {"x=1"});
 }
 
-TEST(ToolConfig, DumpListsEverySource) {
-  const run_result r = run({"config", "dump", "--file", example("config/app.cfg"), "--", "-port=1"},
-                           "", {"from.env=1"});
+TEST(ToolConfig, DumpListsEverySourceTheEnvironmentOnlyWhenAsked) {
+  const std::vector<std::string> dump{"config", "dump", "--file", example("config/app.cfg")};
+  const run_result r = run(words(dump, {"--", "-port=1"}), "", {"from.env=1"});
   EXPECT_EQ(0, r.code) << r.err;
   EXPECT_EQ(0u, r.out.find("config_manager:\n")) << r.out;
-  for (const char* word : {"\nconfig_item:\n", "port", "colours", "from", "no more config_items!"})
+  for (const char* word : {"\nconfig_item:\n", "port", "colours", "no more config_items!"})
     EXPECT_NE(std::string::npos, r.out.find(word)) << word;
+  EXPECT_EQ(std::string::npos, r.out.find("from")) << r.out;
+  EXPECT_NE(std::string::npos, run(words(dump, {"--env"}), "", {"from.env=1"}).out.find("from"));
+}
+
+// The source that answers: command line, file with the line that set the key, environment.
+TEST(ToolConfig, ShowOriginNamesTheAnsweringSource) {
+  const std::string file = example("config/broken.cfg");
+  const std::vector<std::string> env{"log.level=env", "only.env=yes"};
+  const std::vector<std::string> get{"config", "get", "--show-origin", "--file", file};
+  expect_run(words(get, {"title"}), 0, "file:" + file + ":7\tMotaDemoShop\n", "", env);
+  expect_run(
+      words(get, {"hosts"}), 0,
+      "file:" + file + ":12\talpha\nfile:" + file + ":12\tbeta\nfile:" + file + ":12\tport=8080\n");
+  expect_run(words(get, {"log.level", "--", "-log.level=cmd"}), 0, "command line\tcmd\n", "", env);
+  expect_run(words(get, {"only.env"}), 0, "environment\tyes\n", "", env);
+  const run_result dump =
+      run({"config", "dump", "--show-origin", "--env", "--file", file, "--", "-title=x"}, "", env);
+  for (const std::string& line : std::vector<std::string>{
+           std::string("command line\ttitle=x\n"),
+           "file:" + file + ":7\ttitle=MotaDemoShop\t(overridden)\n",
+           "file:" + file + ":16\tlog.level=debug\n", "environment\tlog.level=env\t(overridden)\n",
+           "file:" + file + ":12\thosts[]=alpha, beta, port=8080\n"})
+    EXPECT_NE(std::string::npos, dump.out.find(line)) << line << dump.out;
+}
+
+// One line per warning naming the line and the stored result; exit 3 for warnings only.
+TEST(ToolConfigCheck, WarningsExitThreeUnreadableFilesOne) {
+  const std::string app = example("config/app.cfg"), broken = example("config/broken.cfg");
+  expect_run({"config", "check", app}, 0, app + ": ok\n");
+  const run_result r = run({"config", "check", broken});
+  EXPECT_EQ(3, r.code);
+  EXPECT_EQ(8, std::count(r.out.begin(), r.out.end(), '\n')) << r.out;
+  for (const std::string& line : std::vector<std::string>{
+           ":7: warning: blanks dropped from the unquoted value \"Mota Demo Shop\" of \"title\" "
+           "(quote the value to keep them); stored: \"MotaDemoShop\"\n",
+           ":13: warning: the array \"hosts\", left open by a trailing \",\" on line 12, takes in "
+           "the line \"port = 8080\"; stored: [alpha, beta, port=8080]\n",
+           ":18: warning: the empty quoted value of \"motd\" sets nothing; stored: nothing\n",
+           ": 7 warning(s)\n"})
+    EXPECT_NE(std::string::npos, r.out.find(broken + line)) << line << r.out;
+  expect_run({"config", "check", app, "/no/such.cfg"}, 1,
+             app + ": ok\n/no/such.cfg: error: cannot read the file\n");
+  const run_result json = run({"config", "check", "--json", broken});
+  EXPECT_EQ(3, json.code);
+  EXPECT_NE(std::string::npos, json.out.find("{\"line\": 13, \"kind\": \"array_swallows_line\", "
+                                             "\"key\": \"hosts\", \"stored\": [\"alpha\", "
+                                             "\"beta\", \"port=8080\"], \"message\": "))
+      << json.out;
 }
