@@ -115,6 +115,28 @@ TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
   }
 }
 
+// Each --help prints its "```help NAME" block of the manual, the texts' one source.
+TEST(ToolDispatch, HelpTextsAreTheManualsBlocks) {
+  std::ifstream manual(mota_test::source_dir() + "/tools/manual.md");
+  std::string line, name, text;
+  int blocks = 0;
+  while (std::getline(manual, line)) {
+    if (line.compare(0, 8, "```help ") == 0) {
+      name = line.substr(8);
+      text.clear();
+    } else if (!name.empty() && line == "```") {
+      expect_run(name == "main" ? std::vector<std::string>{"--help"}
+                                : std::vector<std::string>{name, "--help"},
+                 0, text);
+      name.clear();
+      ++blocks;
+    } else if (!name.empty()) {
+      text += line + "\n";
+    }
+  }
+  EXPECT_EQ(5, blocks);
+}
+
 TEST(ToolDispatch, HelpAndVersionGoToStandardOutput) {
   for (const std::vector<std::string>& args :
        std::vector<std::vector<std::string>>{{"-h"},
