@@ -204,6 +204,10 @@ TEST(ToolXml, ReportsOkOrTheFirstErrorOfEachFileWithKindLineAndDetail) {
   check("<?xml?><a/><b/>", 1, ":1: data_after_root: content after the root element\n");
   check("<?xml?>\n<a>\n\n", 1, ":3: unexpected_eof: the document ends inside an element\n");
   check("<?xml?>\n\n ", 1, ":3: no_root_element: no root element after the header\n");
+  const std::string tag = example("broken/mismatched_end_tag.xmc");
+  expect_run({"xml", "check", example("catalogs/shop.xmc"), tag}, 1,
+             example("catalogs/shop.xmc") + ": ok\n" + tag +
+                 ":5: mismatched_end_element: end tag \"mgs\" does not close the open element\n");
   // Several files, one line each, in order; one bad file fails the run.
   std::ofstream(path, std::ios::binary) << "<?xml?><a/>";
   expect_run({"xml", "check", path, "/no/such/file.xml", example("catalogs")}, 1,

@@ -8,6 +8,8 @@
 #include <mota/system/file_utility.hpp>
 #include <mota/system/io.hpp>
 
+#include <map>
+
 namespace mota_tool {
 namespace {
 
@@ -32,11 +34,12 @@ std::string quoted(const std::string& text) {
   return "\"" + one_line(text) + "\"";
 }
 
-// What the library stores under the key: a quoted text, an array's elements, or nothing.
-std::string stored(const check_t& check, const std::string& key) {
-  const auto* node = check.stored().get_node(key);
-  if (key.empty() || node == nullptr) return "nothing";
-  const std::string text = one_line(check.stored_text(key));
+// What the library stores under the warning's key: a quoted text, an array's elements, or
+// nothing.
+std::string stored(const check_t& check, const check_t::warning& w) {
+  const auto* node = check.stored().get_node(w.key);
+  if (w.key.empty() || node == nullptr) return "nothing";
+  const std::string text = one_line(w.stored);
   return mota::config::config_tree::is_array(node->first) ? "[" + text + "]" : "\"" + text + "\"";
 }
 
@@ -118,7 +121,7 @@ void write_text(const file_result& r, const check_t* check, std::ostream& out) {
   }
   for (const auto& w : r.warnings) {
     out << file << ":" << w.first->line << ": warning: " << w.second
-        << "; stored: " << stored(*check, w.first->key) << "\n";
+        << "; stored: " << stored(*check, *w.first) << "\n";
   }
   out << file << ": "
       << (r.warnings.empty() ? std::string("ok")
@@ -130,12 +133,15 @@ void write_json(const file_result& r, const check_t* check, std::ostream& out) {
   out << "  {\"file\": " << json_string(r.file)
       << ", \"readable\": " << (r.readable ? "true" : "false") << ", \"warnings\": [";
   const char* separator = "\n";
+  std::map<std::string, std::string> stored;  // an array's elements are listed once per key
   for (const auto& w : r.warnings) {
     const check_t::warning& warning = *w.first;
+    auto found = stored.find(warning.key);
+    if (found == stored.end())
+      found = stored.emplace(warning.key, stored_json(*check, warning.key)).first;
     out << separator << "    {\"line\": " << warning.line << ", \"kind\": \""
         << kind_name(warning.kind) << "\", \"key\": " << json_string(warning.key)
-        << ", \"stored\": " << stored_json(*check, warning.key)
-        << ", \"message\": " << json_string(w.second) << "}";
+        << ", \"stored\": " << found->second << ", \"message\": " << json_string(w.second) << "}";
     separator = ",\n";
   }
   out << (r.warnings.empty() ? "]}" : "\n  ]}");

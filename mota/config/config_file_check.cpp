@@ -175,9 +175,10 @@ class config_file_check::reader {
     const std::string key = m_prefix + m_key;
     std::string element;
     bool after_text = false, blank = false;
-    bool continued = false;  // past a line end that did not end the array
-    unsigned open_line = 0;  // the line that left the array open
-    unsigned swallowed = 0;  // the line last reported as taken in
+    bool continued = false;    // past a line end that did not end the array
+    unsigned open_line = 0;    // the line that left the array open
+    unsigned swallowed = 0;    // the line last reported as taken in
+    unsigned blanks_line = 0;  // the line last reported for dropped blanks
     for (;;) {
       const int kind = next();
       if (kind == T::T_END) break;
@@ -208,8 +209,11 @@ class config_file_check::reader {
         element.clear();
         continue;
       }
-      if (blank && !element.empty() && line != swallowed)
+      // One warning a line at most, so that a long line costs no more than its length.
+      if (blank && !element.empty() && line != swallowed && line != blanks_line) {
+        blanks_line = line;
         warn(blanks_dropped, line, key, 0, line_text(m_tok.start));
+      }
       blank = false;
       if (kind == T::T_STRING) note_string();
       element += m_tok.text;
@@ -233,8 +237,12 @@ config_file_check::config_file_check(const strings::ustring8& text) : m_item(str
   reader(text, *this).run();
   check_duplicates();
   check_round_trip();
-  for (warning& w : m_warnings)
-    w.stored = stored_text(w.key);
+  std::map<std::string, std::string> texts;  // an array's text is built once, however often named
+  for (warning& w : m_warnings) {
+    auto found = texts.find(w.key);
+    if (found == texts.end()) found = texts.emplace(w.key, stored_text(w.key)).first;
+    w.stored = found->second;
+  }
   std::stable_sort(m_warnings.begin(), m_warnings.end(),
                    [](const warning& a, const warning& b) { return a.line < b.line; });
 }
