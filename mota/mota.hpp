@@ -8,6 +8,7 @@
 #include <mota/config/base_config_item.hpp>
 #include <mota/config/commandline_item.hpp>
 #include <mota/config/config_dispatch.hpp>
+#include <mota/config/config_file_check.hpp>
 #include <mota/config/config_manager.hpp>
 #include <mota/config/config_token.hpp>
 #include <mota/config/config_tree.hpp>
@@ -16,6 +17,7 @@
 #include <mota/config/module_config_dispatch.hpp>
 #include <mota/config/std_config_dispatch.hpp>
 #include <mota/config/user_item.hpp>
+#include <mota/config/value_origin.hpp>
 #include <mota/debug/assert.hpp>
 #include <mota/exceptions/exception.hpp>
 #include <mota/exceptions/logic_error.hpp>
@@ -52,6 +54,8 @@
 #include <mota/strings/bom.hpp>
 #include <mota/strings/case.hpp>
 #include <mota/strings/code_page.hpp>
+#include <mota/strings/code_page_converter.hpp>
+#include <mota/strings/code_page_names.hpp>
 #include <mota/strings/gh2/narrow.hpp>
 #include <mota/strings/gh2/streams.hpp>
 #include <mota/strings/replace.hpp>

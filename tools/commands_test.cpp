@@ -83,7 +83,6 @@ TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
        "unknown code page \"1252x\" (mota convert --list shows the known ones)",
        convert},
       {{"xml"}, "xml needs a subcommand", xml},
-      {{"xml", "check", "a", "b"}, "too many files", xml},
       {{"xml", "lint", "a"}, "unknown xml subcommand \"lint\"", xml},
       {{"catalog", "load", d, "--locale", "en"}, "unknown catalog subcommand \"load\"", check},
       {{"catalog", "check", d}, "--locale is required", check},
@@ -102,6 +101,10 @@ TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
       {{"config", "dump", "x"}, "unexpected argument \"x\"", config},
       {{"config", "set", "a"}, "unknown config subcommand \"set\"", config},
       {{"config", "get", "a", "--program="}, "--program needs a name", config},
+      {{"config", "check"}, "config check needs a FILE", config},
+      {{"config", "check", "f", "--env"}, "config check takes FILE... and --json only", config},
+      {{"config", "get", "a", "--json"}, "--json belongs to config check", config},
+      {{"config", "get", "a", "--env"}, "--env belongs to config dump", config},
   };
   for (const auto& c : cases) {
     const run_result r = run(c.args);
@@ -110,6 +113,28 @@ TEST(ToolDispatch, UsageErrorsExit64WithTheSynopsisOnStandardError) {
     EXPECT_NE(std::string::npos, r.err.find("Run with --help for details.\n")) << r.err;
     EXPECT_EQ("", r.out);
   }
+}
+
+// Each --help prints its "```help NAME" block of the manual, the texts' one source.
+TEST(ToolDispatch, HelpTextsAreTheManualsBlocks) {
+  std::ifstream manual(mota_test::source_dir() + "/tools/manual.md");
+  std::string line, name, text;
+  int blocks = 0;
+  while (std::getline(manual, line)) {
+    if (line.compare(0, 8, "```help ") == 0) {
+      name = line.substr(8);
+      text.clear();
+    } else if (!name.empty() && line == "```") {
+      expect_run(name == "main" ? std::vector<std::string>{"--help"}
+                                : std::vector<std::string>{name, "--help"},
+                 0, text);
+      name.clear();
+      ++blocks;
+    } else if (!name.empty()) {
+      text += line + "\n";
+    }
+  }
+  EXPECT_EQ(5, blocks);
 }
 
 TEST(ToolDispatch, HelpAndVersionGoToStandardOutput) {
@@ -131,15 +156,12 @@ TEST(ToolDispatch, HelpAndVersionGoToStandardOutput) {
             run({"--version"}).out);
 }
 
-TEST(ToolConvert, CodePagesByNumberOrNameBothWays) {
+TEST(ToolConvert, CodePagesByNumberNameOrAliasBothWays) {
   const std::vector<std::string> to_utf8{"convert", "--from", "cp1252", "--to", "UTF-8"};
   expect_run(to_utf8, 0, "caf\xC3\xA9 \xE2\x82\xAC", "", {}, "caf\xE9 \x80");  // 0x80: euro
-  expect_run({"convert", "--from=utf-8", "--to=28605"}, 0, "\xA4 \xE4", "", {},
+  expect_run({"convert", "--from=utf8", "--to=28605"}, 0, "\xA4 \xE4", "", {},
              "\xE2\x82\xAC \xC3\xA4");
-  expect_run({"convert", "--from", "ISO-8859-15", "--to", "4"}, 0, "\xE2\x82\xAC", "", {}, "\xA4");
-  expect_run({"convert", "--from", "4", "--to", "4"}, 0, "a?b", "", {},
-             "a\xFF"
-             "b");
+  expect_run({"convert", "--from", "latin9", "--to", "4"}, 0, "\xE2\x82\xAC", "", {}, "\xA4");
   expect_run({"convert", "--from", "2", "--to", "3"}, 0, "");  // more names of the process's set
   const run_result r = run({"convert", "--list"});
   for (const char* line : {"     1  SYSTEM\n", "   932  WINDOWS-31J\n", "125100  ANSI_X3.4-1968\n"})
@@ -147,28 +169,55 @@ TEST(ToolConvert, CodePagesByNumberOrNameBothWays) {
   EXPECT_EQ(28, std::count(r.out.begin(), r.out.end(), '\n'));
 }
 
-TEST(ToolXml, ReportsOkOrTheFirstErrorWithKindLineAndDetail) {
+// Lenient conversion substitutes and says how often; --strict stops with the byte offset.
+TEST(ToolConvert, UnconvertibleInputIsCountedOrStopsWithItsOffset) {
+  const std::string input = std::string(70000, 'a') + "\xE2\x82\xAC" + "b\xFF";
+  const run_result lenient = run({"convert", "--from", "utf8", "--to", "latin1"}, input);
+  EXPECT_EQ(0, lenient.code);
+  EXPECT_EQ(std::string(70000, 'a') + "?b?", lenient.out);
+  EXPECT_EQ("mota: warning: 2 sequence(s) could not be converted and became '?'\n", lenient.err);
+  expect_run({"convert", "--from", "utf8", "--to", "latin1", "--strict"}, 1,
+             std::string(70000, 'a'),
+             "mota: convert: a character the target code page cannot hold at byte offset 70000\n",
+             {}, input);
+  expect_run({"convert", "--from", "utf8", "--to", "utf8", "--strict"}, 1, "a",
+             "mota: convert: an invalid sequence at byte offset 1\n", {}, "a\xC3(");
+}
+
+TEST(ToolXml, ReportsOkOrTheFirstErrorOfEachFileWithKindLineAndDetail) {
   mota_test::temp_dir dir;
   const std::string path = dir / "doc.xml";
   const auto check = [&](const std::string& document, int code, const std::string& out) {
     std::ofstream(path, std::ios::binary) << document;
-    expect_run({"xml", "check", path}, code, out);
+    expect_run({"xml", "check", path}, code, out.empty() ? "" : path + out);
   };
-  check("\xEF\xBB\xBF<?xml version='1.0'?>\n<a>x&amp;y<!-- c --></a>\n", 0, "ok\n");
-  check("<?xm", 1, "invalid_header at line 0\n");
-  check("<?xml?>\n<a>\n</b>", 1, "mismatched_end_element at line 2: \"b\"\n");
-  check("<?xml?><\xC3\xA9/>", 1, "unexpected_character at line 0: \"\\xC3\"\n");
-  check("<?xml?><a x='1' x='2'/>", 1, "attribute_redefined at line 0: \"x\"\n");
-  check("<?xml?><a b/>", 1, "missing_equals at line 0: \"b\"\n");
-  check("<?xml?><a b=1/>", 1, "missing_quote at line 0\n");
-  check("<?xml?><a>&zz;</a>", 1, "unknown_entity at line 0\n");
-  check("<?xml?><a/><b/>", 1, "data_after_root at line 0\n");
-  check("<?xml?><a>", 1, "unexpected_eof at line 0\n");
-  check("<?xml?>\n\n ", 1, "no_root_element at line 2\n");
-  expect_run({"xml", "check", "/no/such/file.xml"}, 1, "",
-             "mota: cannot read \"/no/such/file.xml\": no such file\n");
-  expect_run({"xml", "check", example("catalogs")}, 1, "",
-             "mota: cannot read \"" + example("catalogs") + "\"\n");
+  check("\xEF\xBB\xBF<?xml version='1.0'?>\n<a>x&amp;y<!-- c --></a>\n", 0, ": ok\n");
+  check("<?xm", 1, ":1: invalid_header: the document does not begin with an <?xml ...?> header\n");
+  check("<?xml?>\n<a>\n</b>", 1,
+        ":3: mismatched_end_element: end tag \"b\" does not close the "
+        "open element\n");
+  check("<?xml?><\xC3\xA9/>", 1, ":1: unexpected_character: unexpected character \"\\xC3\"\n");
+  check("<?xml?><a x='1' x='2'/>", 1, ":1: attribute_redefined: attribute \"x\" given twice\n");
+  check("<?xml?><a b/>", 1, ":1: missing_equals: attribute \"b\" without \"=\"\n");
+  check("<?xml?><a b=1/>", 1, ":1: missing_quote: attribute value without quotes\n");
+  check("<?xml?><a>&zz;</a>", 1, ":1: unknown_entity: unknown entity reference\n");
+  check("<?xml?><a/><b/>", 1, ":1: data_after_root: content after the root element\n");
+  check("<?xml?>\n<a>\n\n", 1, ":3: unexpected_eof: the document ends inside an element\n");
+  check("<?xml?>\n\n ", 1, ":3: no_root_element: no root element after the header\n");
+  const std::string tag = example("broken/mismatched_end_tag.xmc");
+  expect_run({"xml", "check", example("catalogs/shop.xmc"), tag}, 1,
+             example("catalogs/shop.xmc") + ": ok\n" + tag +
+                 ":5: mismatched_end_element: end tag \"mgs\" does not close the open element\n");
+  // Several files, one line each, in order; one bad file fails the run.
+  std::ofstream(path, std::ios::binary) << "<?xml?><a/>";
+  expect_run({"xml", "check", path, "/no/such/file.xml", example("catalogs")}, 1,
+             path + ": ok\n/no/such/file.xml: unreadable: no such file\n" + example("catalogs") +
+                 ": unreadable: cannot read the file\n");
+  expect_run({"xml", "check", "--json", path, "/no/such/\"file"}, 1,
+             "[\n  {\"file\": \"" + path +
+                 "\", \"ok\": true},\n  {\"file\": \"/no/such/\\\"file\", "
+                 "\"ok\": false, \"line\": 0, \"kind\": \"unreadable\", \"detail\": \"no such "
+                 "file\"}\n]\n");
 }
 
 TEST(ToolCatalogCheck, ListsCatalogsWithMessageCountsAndLanguages) {
@@ -251,16 +300,68 @@ TEST(ToolConfig, CommandLineOverFileOverEnvironmentAndAbsentKeys) {
     expect_run({"config", "get", key, "--file", example("config/app.cfg")}, 2, "",
                "mota: \"" + key + "\" is not set\n");
   }
+  // cfg_file in the environment names the file; the library's warning about an ignored
+  // argument goes to standard error, so standard output holds the answer alone.
+  expect_run({"config", "get", "log.level", "--", "stray"}, 0, "info\n",
+             "Warning! unknown key:stray\nIgnoring key and continuing\n", {"cfg_file=" + file});
   // The other sources still answer.
   expect_run({"config", "get", "x", "--file", "/no/such/app.cfg"}, 0, "1\n",
              "mota: warning: cannot read configuration file \"/no/such/app.cfg\"\n", {"x=1"});
 }
 
-TEST(ToolConfig, DumpListsEverySource) {
-  const run_result r = run({"config", "dump", "--file", example("config/app.cfg"), "--", "-port=1"},
-                           "", {"from.env=1"});
+TEST(ToolConfig, DumpListsEverySourceTheEnvironmentOnlyWhenAsked) {
+  const std::vector<std::string> dump{"config", "dump", "--file", example("config/app.cfg")};
+  const run_result r = run(words(dump, {"--", "-port=1"}), "", {"from.env=1"});
   EXPECT_EQ(0, r.code) << r.err;
   EXPECT_EQ(0u, r.out.find("config_manager:\n")) << r.out;
-  for (const char* word : {"\nconfig_item:\n", "port", "colours", "from", "no more config_items!"})
+  for (const char* word : {"\nconfig_item:\n", "port", "colours", "no more config_items!"})
     EXPECT_NE(std::string::npos, r.out.find(word)) << word;
+  EXPECT_EQ(std::string::npos, r.out.find("from")) << r.out;
+  EXPECT_NE(std::string::npos, run(words(dump, {"--env"}), "", {"from.env=1"}).out.find("from"));
+}
+
+// The source that answers: command line, file with the line that set the key, environment.
+TEST(ToolConfig, ShowOriginNamesTheAnsweringSource) {
+  const std::string file = example("config/broken.cfg");
+  const std::vector<std::string> env{"log.level=env", "only.env=yes"};
+  const std::vector<std::string> get{"config", "get", "--show-origin", "--file", file};
+  expect_run(words(get, {"title"}), 0, "file:" + file + ":7\tMotaDemoShop\n", "", env);
+  expect_run(
+      words(get, {"hosts"}), 0,
+      "file:" + file + ":12\talpha\nfile:" + file + ":12\tbeta\nfile:" + file + ":12\tport=8080\n");
+  expect_run(words(get, {"log.level", "--", "-log.level=cmd"}), 0, "command line\tcmd\n", "", env);
+  expect_run(words(get, {"only.env"}), 0, "environment\tyes\n", "", env);
+  const run_result dump =
+      run({"config", "dump", "--show-origin", "--env", "--file", file, "--", "-title=x"}, "", env);
+  for (const std::string& line : std::vector<std::string>{
+           std::string("command line\ttitle=x\n"),
+           "file:" + file + ":7\ttitle=MotaDemoShop\t(overridden)\n",
+           "file:" + file + ":16\tlog.level=debug\n", "environment\tlog.level=env\t(overridden)\n",
+           "file:" + file + ":12\thosts[]=alpha, beta, port=8080\n"})
+    EXPECT_NE(std::string::npos, dump.out.find(line)) << line << dump.out;
+}
+
+// One line per warning naming the line and the stored result; exit 3 for warnings only.
+TEST(ToolConfigCheck, WarningsExitThreeUnreadableFilesOne) {
+  const std::string app = example("config/app.cfg"), broken = example("config/broken.cfg");
+  expect_run({"config", "check", app}, 0, app + ": ok\n");
+  const run_result r = run({"config", "check", broken});
+  EXPECT_EQ(3, r.code);
+  EXPECT_EQ(8, std::count(r.out.begin(), r.out.end(), '\n')) << r.out;
+  for (const std::string& line : std::vector<std::string>{
+           ":7: warning: blanks dropped from the unquoted value \"Mota Demo Shop\" of \"title\" "
+           "(quote the value to keep them); stored: \"MotaDemoShop\"\n",
+           ":13: warning: the array \"hosts\", left open by a trailing \",\" on line 12, takes in "
+           "the line \"port = 8080\"; stored: [alpha, beta, port=8080]\n",
+           ":18: warning: the empty quoted value of \"motd\" sets nothing; stored: nothing\n",
+           ": 7 warning(s)\n"})
+    EXPECT_NE(std::string::npos, r.out.find(broken + line)) << line << r.out;
+  expect_run({"config", "check", app, "/no/such.cfg"}, 1,
+             app + ": ok\n/no/such.cfg: error: cannot read the file\n");
+  const run_result json = run({"config", "check", "--json", broken});
+  EXPECT_EQ(3, json.code);
+  EXPECT_NE(std::string::npos, json.out.find("{\"line\": 13, \"kind\": \"array_swallows_line\", "
+                                             "\"key\": \"hosts\", \"stored\": [\"alpha\", "
+                                             "\"beta\", \"port=8080\"], \"message\": "))
+      << json.out;
 }

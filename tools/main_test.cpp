@@ -47,6 +47,11 @@ TEST(ToolProcess, ExitCodesFollowTheCommand) {
   EXPECT_EQ(64, run("").code);
   EXPECT_EQ(1, run("xml check /no/such/file.xml").code);
   EXPECT_EQ(2, run("config get nope").code);
+  EXPECT_EQ(3, run("config check '" MOTA_SOURCE_DIR "/examples/config/broken.cfg'").code);
+  // The library's warning about an ignored argument stays off the answer's stream.
+  const run_result r = run("config get x -- stray", "x=1");
+  EXPECT_EQ("1\n", r.out);
+  EXPECT_EQ("Warning! unknown key:stray\nIgnoring key and continuing\n", r.err);
 }
 
 TEST(ToolProcess, OutputThatCannotBeWrittenIsAFailure) {
@@ -70,7 +75,7 @@ TEST(ToolProcess, AFifoIsUnreadableAndNeverWaitedOn) {
   ASSERT_EQ(0, mkfifo(fifo.c_str(), 0600));
   run_result r = run("xml check '" + fifo + "'");
   EXPECT_EQ(1, r.code);
-  EXPECT_EQ("mota: cannot read \"" + fifo + "\"\n", r.err);
+  EXPECT_EQ(fifo + ": unreadable: cannot read the file\n", r.out);
   r = run("config get x --file '" + fifo + "'", "x=1");
   EXPECT_EQ(0, r.code);
   EXPECT_EQ("1\n", r.out);

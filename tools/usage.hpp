@@ -8,10 +8,12 @@
 namespace mota_tool {
 
 // The tool's exit codes: success, a failure reported by the library (bad data, missing file),
-// a configuration key that is not set, and a command line the tool does not understand.
+// a configuration key that is not set, a check that found warnings only, and a command line
+// the tool does not understand.
 constexpr int exit_ok = 0;
 constexpr int exit_failure = 1;
 constexpr int exit_absent = 2;
+constexpr int exit_warnings = 3;
 constexpr int exit_usage = 64;
 
 // The help text of the tool as a whole and of each subcommand.

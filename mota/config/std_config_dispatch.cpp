@@ -18,7 +18,12 @@ void std_config_dispatch::setup(item_list& items) {
 }
 
 void std_config_dispatch::load(item_list& items) {
-  load_each(items);
+  // A file item takes its name from "cfg_file" in the other items, so the command line and the
+  // environment load first; the list order, and with it the precedence, stays as it is.
+  for (const auto& item : items)
+    if (item && dynamic_cast<file_item*>(item.get()) == nullptr) item->load(items);
+  for (const auto& item : items)
+    if (item && dynamic_cast<file_item*>(item.get()) != nullptr) item->load(items);
 }
 void std_config_dispatch::unload(item_list& items) {
   unload_each(items);

@@ -30,6 +30,8 @@ class MOTA_API std_config_dispatch : public config_dispatch {
   // load(), unload() and save() run on every item in list order; clone() copies the dispatch
   // (the vectors stay shared).
   void setup(item_list& items) override;
+  // Loads every item but the file items, then the file items, so that "cfg_file" from the
+  // command line or the environment names the file.
   void load(item_list& items) override;
   void unload(item_list& items) override;
   void save(item_list& items) override;

@@ -1,0 +1,60 @@
+#include <mota/config/module_config_dispatch.hpp>
+#include <mota/config/value_origin.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using mota::config::config_manager;
+using mota::generic::argument;
+using mota::generic::varg_list;
+using mota::strings::ustring8;
+using mota::types::variant;
+
+std::string describe(const mota::config::value_origin& origin) {
+  std::string text = origin.item ? std::string(origin.item->get_id()) : "none";
+  for (const ustring8& key : origin.chain)
+    text += " " + key;
+  return text + " =" + (origin.value == mota::types::nil ? "nil" : origin.value.as_string());
+}
+
+// The origin agrees with get_value on the value, and names the item and the keys passed.
+TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
+  const char* envp[] = {"env.only=e", "shared=env", "target=T", nullptr};
+  config_manager m;
+  m.init(mota::config::module_config_dispatch(varg_list(), envp));
+  m.load();
+  const auto& user = m.get_items().front();
+  const unsigned indirect = mota::config::base_config_item::indirect_flag;
+  const auto put = [&](const char* key, const char* value, unsigned flags) {
+    user->set(ustring8(key), variant(ustring8(value)), flags);
+  };
+  put("shared", "user", 0);
+  put("ref", "r2", indirect);
+  put("r2", "target", indirect);
+  put("ping", "pong", indirect);
+  put("pong", "ping", indirect);
+  varg_list elements;
+  elements.push_back(argument(variant(ustring8("a"))));
+  user->set_array("arr", varg_list(), elements);
+
+  const std::pair<const char*, const char*> rows[] = {
+      {"env.only", "enviroment env.only =e"},
+      {"shared", "user item shared =user"},
+      {"ref", "enviroment ref r2 target =T"},
+      {"ping", "user item ping pong =ping"},  // pong points back: the chain stops there
+      {"arr", "user item arr =a"},
+      {"none", "none none =nil"},
+  };
+  for (const auto& row : rows) {
+    const mota::config::value_origin origin = mota::config::find_value_origin(m, row.first);
+    EXPECT_EQ(row.second, describe(origin));
+    EXPECT_EQ(m.get_value(row.first).as_string(), origin.value.as_string()) << row.first;
+  }
+  EXPECT_EQ("user item arr =1", describe(mota::config::find_array_origin(m, "arr")));
+  EXPECT_EQ("none shared =nil", describe(mota::config::find_array_origin(m, "shared")));
+}
+
+}  // namespace
