@@ -22,8 +22,10 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The warnings and key lines of one configuration text; built once, then only read.
 class MOTA_API config_file_check {
  public:
+  // What a warning is about; the comment of each kind says what `other_line` and `detail` hold.
   enum warning_kind {
     value_cut_by_comment,  // detail: the text from "#" or "//" on, read as a comment
     blanks_dropped,        // detail: the value as written, blanks and all
@@ -35,25 +37,30 @@ class MOTA_API config_file_check {
     not_saved_exactly,     // detail: what a save and a reload give instead, empty when nothing
   };
 
+  // One place where what is stored is probably not what was meant.
   struct warning {
-    warning_kind kind;
-    unsigned line;            // counted from 1
-    std::string key;          // the full key as stored, section prefix included
-    std::string stored;       // the stored value (array elements joined by ", "); empty: none
-    unsigned other_line = 0;  // see warning_kind
-    std::string detail;       // see warning_kind
+    warning_kind kind;        ///< what the warning is about
+    unsigned line;            ///< the line it is about, counted from 1
+    std::string key;          ///< the full key as stored, section prefix included
+    std::string stored;       ///< the stored value (array elements joined by ", "); empty: none
+    unsigned other_line = 0;  ///< a second line, see warning_kind
+    std::string detail;       ///< the text the warning quotes, see warning_kind
   };
 
   // One statement that stored a value, in the order of the text.
   struct definition {
-    std::string key;
-    unsigned line;
-    bool array;
+    std::string key;  ///< the full key, section prefix included
+    unsigned line;    ///< the line of the statement, counted from 1
+    bool array;       ///< whether the statement stored an array
   };
 
+  // Reads `text` as file_item would and collects the warnings and definitions; never throws
+  // for malformed text, which only yields warnings.
   explicit config_file_check(const strings::ustring8& text);
 
+  // The warnings in the order of the lines they are about.
   const std::vector<warning>& warnings() const { return m_warnings; }
+  // Every statement that stored a value, in the order of the text.
   const std::vector<definition>& definitions() const { return m_definitions; }
   // The line of the statement whose value is kept for `key` (the last that set it), 0 when
   // no statement set it.

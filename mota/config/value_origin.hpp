@@ -14,6 +14,7 @@
 namespace MOTA_2_18 {
 namespace config {
 
+// The answer to "where does this value come from" for one key.
 struct MOTA_API value_origin {
   // The item that answered; empty when none did.
   base_config_item::item_pointer item;

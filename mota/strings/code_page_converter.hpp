@@ -20,8 +20,10 @@
 namespace MOTA_2_18 {
 namespace strings {
 
+// A streaming converter between two code pages; one object converts one stream.
 class MOTA_API code_page_converter {
  public:
+  // Why a strict conversion stopped.
   enum fault_type {
     no_fault,
     invalid_sequence,    // bytes that are no character of the source code page
@@ -43,8 +45,9 @@ class MOTA_API code_page_converter {
   // Ends the input: a character left incomplete is a truncated_sequence. Returns as convert.
   bool finish(std::string& out);
 
-  // The first fault of a strict conversion, and the offset of its first byte in the input.
+  // The first fault of a strict conversion (no_fault while there is none).
   fault_type fault() const { return m_fault; }
+  // The offset of the first byte of that fault in the whole input.
   std::uint64_t fault_offset() const { return m_fault_offset; }
   // How many "?" a lenient conversion wrote in place of input it could not convert.
   std::uint64_t substitutions() const { return m_substitutions; }
