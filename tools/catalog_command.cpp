@@ -1,12 +1,14 @@
 // mota catalog check|render: loads message catalogs as an application would and shows what
 // was loaded, or renders one message with arguments given on the command line.
 #include "arguments.hpp"
+#include "catalog_files.hpp"
 #include "commands.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
 
 #include <mota/generic/varg_list.hpp>
 #include <mota/i18n/message_catalogs.hpp>
+#include <mota/system/io.hpp>
 #include <mota/types/variant.hpp>
 
 #include <cctype>
@@ -133,11 +135,46 @@ bool load(const std::vector<std::string>& paths, const arguments& args, message_
   return true;
 }
 
+// Loads one file for the locale (and catalog id) of `args`; a failure goes to `err`.
+bool load_one(const std::string& file, const arguments& args, message_catalogs& catalogs,
+              std::ostream& err) {
+  const ustring8 locale(args.value("--locale"));
+  const message_catalogs::result_type result =
+      args.has("--catalog")
+          ? catalogs.load_file(ustring8(file), locale, ustring8(args.value("--catalog")))
+          : catalogs.load_file(ustring8(file), locale);
+  if (result.type == message_catalogs::no_error) return true;
+  report(result, err);
+  return false;
+}
+
+// Loads every file of every path on its own, so that each broken file is reported, and lists
+// what the good ones loaded.
 int check(const arguments& args, std::ostream& out, std::ostream& err) {
   const std::vector<std::string> paths(args.positional().begin() + 1, args.positional().end());
   if (paths.empty()) return usage_error(err, "catalog check needs a PATH", catalog_usage);
   message_catalogs catalogs;
-  if (!load(paths, args, catalogs, err)) return exit_failure;
+  bool broken = false;
+  for (const std::string& path : paths) {
+    if (mota::system::io::is_file(ustring8(path))) {
+      broken = !load_one(path, args, catalogs, err) || broken;
+    } else if (mota::system::io::is_directory(ustring8(path))) {
+      std::vector<std::string> files;
+      collect_catalog_files(path, files);
+      for (const std::string& file : files)
+        broken = !load_one(file, args, catalogs, err) || broken;
+    } else {
+      report(message_catalogs::result_type(message_catalogs::entity_not_found, ustring8(path)),
+             err);
+      broken = true;
+    }
+  }
+  if (!broken && catalogs.size() == 0) {
+    std::string joined;
+    for (const std::string& path : paths)
+      joined += (joined.empty() ? "" : ", ") + path;
+    return report(message_catalogs::result_type(message_catalogs::no_catalog_loaded, joined), err);
+  }
   for (const auto& entry : catalogs) {
     const catalog_t& catalog = *entry.second;
     out << printable(entry.first) << ": " << catalog.size()
@@ -152,7 +189,7 @@ int check(const arguments& args, std::ostream& out, std::ostream& err) {
           << "]\n";
     }
   }
-  return exit_ok;
+  return broken ? exit_failure : exit_ok;
 }
 
 // The format pairs after an argument's name ("key=value ..."), as the catalog spelled them.
@@ -264,6 +301,9 @@ int render(const arguments& args, std::ostream& out, std::ostream& err) {
 }  // namespace
 
 int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
+  if (!words.empty() && words[0] == "lint") {
+    return run_catalog_lint(std::vector<std::string>(words.begin() + 1, words.end()), out, err);
+  }
   arguments args({"--locale", "--catalog"}, {"--list-args", "--messages"});
   if (!args.parse(words, false)) return usage_error(err, printable(args.error()), catalog_usage);
   if (args.has("--help")) {
