@@ -7,6 +7,7 @@
 #include "usage.hpp"
 
 #include <mota/generic/varg_list.hpp>
+#include <mota/i18n/argument_comparison.hpp>
 #include <mota/i18n/message_catalogs.hpp>
 #include <mota/system/io.hpp>
 #include <mota/types/variant.hpp>
@@ -22,36 +23,6 @@ using mota::i18n::message_catalogs;
 using mota::i18n::message_item;
 using mota::i18n::message_t;
 using mota::strings::ustring8;
-
-const char* kind_name(message_item::type_t kind) {
-  switch (kind) {
-    case message_item::text:
-      return "text";
-    case message_item::string:
-      return "string";
-    case message_item::number:
-      return "number";
-    case message_item::int_:
-      return "int";
-    case message_item::double_:
-      return "double";
-    case message_item::time:
-      return "time";
-    case message_item::date:
-      return "date";
-    case message_item::memory:
-      return "memory";
-    case message_item::memory_unit:
-      return "memory_unit";
-    case message_item::metric:
-      return "metric";
-    case message_item::metric_unit:
-      return "metric_unit";
-    case message_item::duration:
-      return "duration";
-  }
-  return "unknown";
-}
 
 // The kinds that read their argument as a number; all others show it as text.
 bool is_numeric(message_item::type_t kind) {
@@ -217,7 +188,7 @@ int list_args(const message_t& message, std::ostream& out) {
   std::set<std::string> shown;
   for (const message_item& item : message) {
     if (item.type() == message_item::text) continue;
-    std::string line = printable(item.name()) + " " + kind_name(item.type());
+    std::string line = printable(item.name()) + " " + mota::i18n::kind_keyword(item.type());
     line += printable(format_text(item.data()));
     if (shown.insert(line).second) out << line << "\n";
   }
@@ -276,8 +247,8 @@ int render(const arguments& args, std::ostream& out, std::ostream& err) {
       if (is_numeric(item.type()) &&
           !is_number_text(value.second, item.type() == message_item::int_)) {
         return failure(err, "argument \"" + printable(value.first) + "\" is of kind " +
-                                kind_name(item.type()) + " and needs a number, not \"" +
-                                printable(value.second) + "\"");
+                                mota::i18n::kind_keyword(item.type()) +
+                                " and needs a number, not \"" + printable(value.second) + "\"");
       }
     }
     if (!found) {

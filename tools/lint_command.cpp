@@ -27,6 +27,7 @@
 #include <cctype>
 #include <climits>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -41,6 +42,8 @@ using mota::strings::ustring8;
 
 // More files than this (through includes) is not a catalog set but a runaway.
 constexpr std::size_t max_files = 100000;
+// More languages than this is not a translation set either.
+constexpr std::size_t max_languages = 200;
 
 lint_finding finding(bool error, const std::string& check, const std::string& text) {
   lint_finding f;
@@ -91,6 +94,17 @@ class lint_run {
     }
     // Without any language the files are still loaded once, so that their faults show.
     if (languages.empty()) languages.insert("en");
+    // Each language is one load of every file: a bound keeps a hostile set from asking for
+    // thousands of loads.
+    if (languages.size() > max_languages) {
+      m_report.add(finding(false, "too-many-languages",
+                           "only the first " + std::to_string(max_languages) + " of " +
+                               std::to_string(languages.size()) +
+                               " languages (in byte order) are checked"));
+      auto first = languages.begin();
+      std::advance(first, max_languages);
+      languages.erase(first, languages.end());
+    }
     std::vector<ustring8> files;
     for (const catalog_file& file : m_files)
       files.push_back(file.path);
@@ -136,7 +150,7 @@ class lint_run {
 
   void check_outlines() {
     // Where each catalog section and each message was written, in load order.
-    std::map<std::pair<ustring8, ustring8>, std::vector<std::string>> sections;
+    std::map<std::pair<ustring8, ustring8>, std::vector<std::size_t>> sections;
     std::map<std::pair<ustring8, ustring8>, std::map<ustring8, std::vector<std::size_t>>> messages;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
       const std::string& path = m_files[i].path;
@@ -149,7 +163,7 @@ class lint_run {
           m_report.add(f);
           continue;
         }
-        sections[{s.catalog, s.lang}].push_back(path);
+        sections[{s.catalog, s.lang}].push_back(i);
         for (const xmc_outline::message& m : s.messages) {
           check_message_outline(path, s, m);
           if (m.named) messages[{s.catalog, s.lang}][m.name].push_back(i);
@@ -158,16 +172,9 @@ class lint_run {
     }
     for (const auto& entry : sections) {
       if (entry.second.size() < 2) continue;
-      std::vector<std::string> files;
-      for (const std::string& file : entry.second) {
-        if (std::find(files.begin(), files.end(), file) == files.end()) files.push_back(file);
-      }
-      std::string where;
-      for (const std::string& file : files)
-        where += (where.empty() ? "" : ", ") + file;
       lint_finding f = finding(false, "duplicate-section",
                                "catalog section written " + std::to_string(entry.second.size()) +
-                                   " times (in " + where + "); their messages merge");
+                                   " times in " + paths(entry.second) + "; their messages merge");
       f.catalog = entry.first.first;
       f.language = entry.first.second;
       m_report.add(f);
@@ -181,21 +188,36 @@ class lint_run {
   }
 
   // Within one file the first of two variants wins; across files the one loaded last.
+  // Within one file the first of two variants wins; across files the one read last (a file's
+  // load replaces what earlier files gave).
   void report_duplicate(const ustring8& catalog, const ustring8& lang, const ustring8& name,
                         const std::vector<std::size_t>& files) {
     const std::size_t last = files.back();
     std::size_t in_last = 0;
     for (std::size_t file : files)
       in_last += file == last ? 1 : 0;
-    std::string text = "message written " + std::to_string(files.size()) + " times; ";
-    text += "the loader keeps the " + std::string(in_last > 1 ? "first one in " : "one in ") +
-            m_files[last].path;
-    if (files.front() != last) text += " (files are read in the order listed; the last wins)";
+    const bool one_file = files.front() == last;
+    std::string text = "message written " + std::to_string(files.size()) + " times " +
+                       (one_file ? "in " : "(in ") + paths(files) + (one_file ? "" : ")") +
+                       "; the loader keeps the ";
+    text += in_last > 1 ? "first one" : "one in " + m_files[last].path;
+    if (in_last > 1 && !one_file) text += " in " + m_files[last].path;
     lint_finding f = finding(false, "duplicate-message", text);
     f.catalog = catalog;
     f.language = lang;
     f.message = name;
     m_report.add(f);
+  }
+
+  // The distinct files of `indexes`, in load order.
+  std::string paths(const std::vector<std::size_t>& indexes) const {
+    std::string text;
+    std::size_t previous = m_files.size();
+    for (std::size_t i : indexes) {
+      if (i != previous) text += (text.empty() ? "" : ", ") + m_files[i].path;
+      previous = i;
+    }
+    return text;
   }
 
   void check_message_outline(const std::string& path, const xmc_outline::section& s,

@@ -143,12 +143,15 @@ TEST(ToolCatalogLint, BrokenSetShowsEveryFinding) {
       de + store +
       "\"colour\": warning: argument \"shade\" has type \"colour\", which the "
       "loader reads as string [unknown-type]\n"
-      "catalog \"store\" [de]: warning: catalog section written 2 times (in " +
+      "catalog \"store\" [de]: warning: catalog section written 2 times in " +
       d +
-      "/de.xmc); their messages merge [duplicate-section]\n"
-      "catalog \"store\" [en] message \"about\": warning: message written 2 times; the loader "
-      "keeps the first one in " +
-      d + "/app.xmc [duplicate-message]\n" + store +
+      "/de.xmc; their messages merge [duplicate-section]\n"
+      "catalog \"store\" [en] message \"about\": warning: message written 2 times in " +
+      d +
+      "/app.xmc; the loader keeps the first one [duplicate-message]\n"
+      "catalog \"help\": warning: catalog has no English (en) or language-neutral (.) messages; "
+      "its languages are not compared [no-reference]\n" +
+      store +
       "\"receipt\": error: message holds bytes that are not UTF-8 [invalid-utf8]\n"
       "catalog \"store\" [de]: warning: 3 messages not translated, shown in \"en\": \"\", "
       "\"about\", \"due\" [missing-messages]\n"
@@ -168,7 +171,7 @@ TEST(ToolCatalogLint, BrokenSetShowsEveryFinding) {
       "but \"precision=3\" in \"de\" [argument-format]\n" +
       store +
       "\"saved\": error: argument \"size\" of \"en\" is missing [argument-missing]\n"
-      "catalog lint: 4 files, 1 catalog, 4 languages: 7 errors, 11 warnings\n";
+      "catalog lint: 4 files, 2 catalogs, 4 languages: 7 errors, 12 warnings\n";
   const run_result r = run({"catalog", "lint", d});
   EXPECT_EQ(1, r.code);
   EXPECT_EQ(expected, r.out);
@@ -189,8 +192,8 @@ TEST(ToolCatalogLint, JsonIsOneDocumentWithStableKeys) {
   EXPECT_NE(std::string::npos,
             r.out.find("not valid\\n xmc_file_loader::load_error - XMC version"));
   const std::string tail =
-      "\n  ],\n  \"summary\": {\"files\": 4, \"catalogs\": 1, \"languages\": 4, \"errors\": 7, "
-      "\"warnings\": 11, \"status\": 1}\n}\n";
+      "\n  ],\n  \"summary\": {\"files\": 4, \"catalogs\": 2, \"languages\": 4, \"errors\": 7, "
+      "\"warnings\": 12, \"status\": 1}\n}\n";
   ASSERT_GE(r.out.size(), tail.size());
   EXPECT_EQ(tail, r.out.substr(r.out.size() - tail.size()));
 }
