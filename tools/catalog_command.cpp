@@ -3,6 +3,7 @@
 #include "arguments.hpp"
 #include "catalog_files.hpp"
 #include "commands.hpp"
+#include "json_text.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
 
@@ -106,46 +107,22 @@ bool load(const std::vector<std::string>& paths, const arguments& args, message_
   return true;
 }
 
-// Loads one file for the locale (and catalog id) of `args`; a failure goes to `err`.
-bool load_one(const std::string& file, const arguments& args, message_catalogs& catalogs,
-              std::ostream& err) {
+// Loads one file for the locale (and catalog id) of `args`; a failure's message goes to
+// `failures`.
+void load_one(const std::string& file, const arguments& args, message_catalogs& catalogs,
+              std::vector<std::string>& failures) {
   const ustring8 locale(args.value("--locale"));
   const message_catalogs::result_type result =
       args.has("--catalog")
           ? catalogs.load_file(ustring8(file), locale, ustring8(args.value("--catalog")))
           : catalogs.load_file(ustring8(file), locale);
-  if (result.type == message_catalogs::no_error) return true;
-  report(result, err);
-  return false;
+  if (result.type != message_catalogs::no_error) failures.push_back(result.message);
 }
 
-// Loads every file of every path on its own, so that each broken file is reported, and lists
-// what the good ones loaded.
-int check(const arguments& args, std::ostream& out, std::ostream& err) {
-  const std::vector<std::string> paths(args.positional().begin() + 1, args.positional().end());
-  if (paths.empty()) return usage_error(err, "catalog check needs a PATH", catalog_usage);
-  message_catalogs catalogs;
-  bool broken = false;
-  for (const std::string& path : paths) {
-    if (mota::system::io::is_file(ustring8(path))) {
-      broken = !load_one(path, args, catalogs, err) || broken;
-    } else if (mota::system::io::is_directory(ustring8(path))) {
-      std::vector<std::string> files;
-      collect_catalog_files(path, files);
-      for (const std::string& file : files)
-        broken = !load_one(file, args, catalogs, err) || broken;
-    } else {
-      report(message_catalogs::result_type(message_catalogs::entity_not_found, ustring8(path)),
-             err);
-      broken = true;
-    }
-  }
-  if (!broken && catalogs.size() == 0) {
-    std::string joined;
-    for (const std::string& path : paths)
-      joined += (joined.empty() ? "" : ", ") + path;
-    return report(message_catalogs::result_type(message_catalogs::no_catalog_loaded, joined), err);
-  }
+void write_check_text(const message_catalogs& catalogs, const std::vector<std::string>& failures,
+                      bool messages, std::ostream& out, std::ostream& err) {
+  for (const std::string& failure : failures)
+    err << printable(failure) << "\n";
   for (const auto& entry : catalogs) {
     const catalog_t& catalog = *entry.second;
     out << printable(entry.first) << ": " << catalog.size()
@@ -154,13 +131,78 @@ int check(const arguments& args, std::ostream& out, std::ostream& err) {
       out << " " << (lang->empty() ? std::string("\"\"") : printable(*lang));
     }
     out << "\n";
-    if (!args.has("--messages")) continue;
+    if (!messages) continue;
     for (const auto& message : catalog) {
       out << "  " << printable(message.first) << " [" << printable(message.second._orginal_locale())
           << "]\n";
     }
   }
-  return broken ? exit_failure : exit_ok;
+}
+
+// {"catalogs": [{"name", "messages", "languages"[, "message_languages"]}...], "errors": [...],
+//  "status": N}
+void write_check_json(const message_catalogs& catalogs, const std::vector<std::string>& failures,
+                      bool messages, int status, std::ostream& out) {
+  out << "{\n  \"catalogs\": [";
+  bool first = true;
+  for (const auto& entry : catalogs) {
+    const catalog_t& catalog = *entry.second;
+    out << (first ? "\n" : ",\n") << "    {\"name\": " << json_string(entry.first)
+        << ", \"messages\": " << catalog.size() << ", \"languages\": "
+        << json_strings(
+               std::vector<std::string>(catalog.languages_begin(), catalog.languages_end()));
+    first = false;
+    if (messages) {
+      out << ", \"message_languages\": {";
+      bool first_message = true;
+      for (const auto& message : catalog) {
+        out << (first_message ? "" : ", ") << json_string(message.first) << ": "
+            << json_string(message.second._orginal_locale());
+        first_message = false;
+      }
+      out << "}";
+    }
+    out << "}";
+  }
+  out << (first ? "],\n" : "\n  ],\n") << "  \"errors\": " << json_strings(failures)
+      << ",\n  \"status\": " << status << "\n}\n";
+}
+
+// Loads every file of every path on its own, so that each broken file is reported, and lists
+// what the good ones loaded.
+int check(const arguments& args, std::ostream& out, std::ostream& err) {
+  const std::vector<std::string> paths(args.positional().begin() + 1, args.positional().end());
+  if (paths.empty()) return usage_error(err, "catalog check needs a PATH", catalog_usage);
+  message_catalogs catalogs;
+  std::vector<std::string> failures;
+  for (const std::string& path : paths) {
+    if (mota::system::io::is_file(ustring8(path))) {
+      load_one(path, args, catalogs, failures);
+    } else if (mota::system::io::is_directory(ustring8(path))) {
+      std::vector<std::string> files;
+      collect_catalog_files(path, files);
+      for (const std::string& file : files)
+        load_one(file, args, catalogs, failures);
+    } else {
+      failures.push_back(
+          message_catalogs::result_type(message_catalogs::entity_not_found, ustring8(path))
+              .message);
+    }
+  }
+  if (failures.empty() && catalogs.size() == 0) {
+    std::string joined;
+    for (const std::string& path : paths)
+      joined += (joined.empty() ? "" : ", ") + path;
+    failures.push_back(
+        message_catalogs::result_type(message_catalogs::no_catalog_loaded, joined).message);
+  }
+  const int status = failures.empty() ? exit_ok : exit_failure;
+  if (args.has("--json")) {
+    write_check_json(catalogs, failures, args.has("--messages"), status, out);
+  } else {
+    write_check_text(catalogs, failures, args.has("--messages"), out, err);
+  }
+  return status;
 }
 
 // The format pairs after an argument's name ("key=value ..."), as the catalog spelled them.
@@ -275,7 +317,7 @@ int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!words.empty() && words[0] == "lint") {
     return run_catalog_lint(std::vector<std::string>(words.begin() + 1, words.end()), out, err);
   }
-  arguments args({"--locale", "--catalog"}, {"--list-args", "--messages"});
+  arguments args({"--locale", "--catalog"}, {"--list-args", "--messages", "--json"});
   if (!args.parse(words, false)) return usage_error(err, printable(args.error()), catalog_usage);
   if (args.has("--help")) {
     out << catalog_usage;
@@ -291,6 +333,9 @@ int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!args.has("--locale")) return usage_error(err, "--locale is required", catalog_usage);
   if (command == "check" && args.has("--list-args")) {
     return usage_error(err, "--list-args belongs to catalog render", catalog_usage);
+  }
+  if (command == "render" && args.has("--json")) {
+    return usage_error(err, "--json belongs to catalog check", catalog_usage);
   }
   if (command == "render" && args.has("--messages")) {
     return usage_error(err, "--messages belongs to catalog check", catalog_usage);

@@ -59,6 +59,23 @@ TEST(ToolCatalogCheck, ReportsEveryBrokenFileAndStillListsTheGoodCatalogs) {
   }
 }
 
+TEST(ToolCatalogCheck, JsonHoldsTheCatalogsAndEveryFailure) {
+  const std::string bad = example("broken/unknown_attribute.xmc");
+  const run_result r = run({"catalog", "check", bad, example("catalogs/fr/shop.xmc"), "--locale",
+                            "fr", "--json", "--messages"});
+  EXPECT_EQ(1, r.code);
+  EXPECT_EQ("", r.err);
+  EXPECT_EQ(
+      "{\n  \"catalogs\": [\n    {\"name\": \"shop\", \"messages\": 4, \"languages\": "
+      "[\"fr\"], \"message_languages\": {\"cart\": \"fr\", \"distance\": \"fr\", "
+      "\"download\": \"fr\", \"greeting\": \"fr\"}}\n  ],\n  \"errors\": [\"message_catalogs::"
+      "result_type - XMC file is not valid\\n xmc_file_loader::load_error - Invalid attibute "
+      "\\\"typ\\\"\\n in message element: \\\"cart\\\"\\n in catalog element: \\\"shop\\\"\\n "
+      "in file: \\\"" +
+          bad + "\\\"\"],\n  \"status\": 1\n}\n",
+      r.out);
+}
+
 TEST(ToolCatalogLint, ExampleCatalogsHaveOnlyTheWarningsTheyShowOnPurpose) {
   const std::string d = example("catalogs");
   // kinds.xmc shows every type keyword, the odd ones included; German and French lack two

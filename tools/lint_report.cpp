@@ -1,46 +1,14 @@
 #include "lint_report.hpp"
 
+#include "json_text.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
-
-#include <cstdio>
 
 namespace mota_tool {
 namespace {
 
 std::string plural(std::size_t n, const char* one, const char* many) {
   return std::to_string(n) + " " + (n == 1 ? one : many);
-}
-
-// A JSON string: the text made printable first, so that a bad byte shows as \xNN.
-std::string json_string(const std::string& raw) {
-  const std::string text = printable(raw);
-  std::string out = "\"";
-  for (const char c : text) {
-    const unsigned char byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += c;
-    } else if (c == '\n') {
-      out += "\\n";
-    } else if (c == '\t') {
-      out += "\\t";
-    } else if (byte < 0x20) {
-      char buffer[8];
-      std::snprintf(buffer, sizeof buffer, "\\u%04x", byte);
-      out += buffer;
-    } else {
-      out += c;
-    }
-  }
-  return out + "\"";
-}
-
-std::string json_names(const std::vector<std::string>& names) {
-  std::string out = "[";
-  for (std::size_t i = 0; i < names.size(); ++i)
-    out += (i ? ", " : "") + json_string(names[i]);
-  return out + "]";
 }
 
 // Where a finding lies: the file, then the catalog with its language, then the message.
@@ -109,7 +77,7 @@ void lint_report::write_json(std::ostream& out) const {
     out << (i ? ",\n" : "\n") << "    {\"catalog\": " << json_string(s.catalog)
         << ", \"language\": " << json_string(s.language)
         << ", \"reference\": " << json_string(s.reference) << ", \"present\": " << s.present
-        << ", \"missing\": " << json_names(s.missing) << ", \"extra\": " << json_names(s.extra)
+        << ", \"missing\": " << json_strings(s.missing) << ", \"extra\": " << json_strings(s.extra)
         << "}";
   }
   out << (m_statistics.empty() ? "],\n" : "\n  ],\n") << "  \"findings\": [";

@@ -8,7 +8,7 @@ const char* const main_usage =
     "Check and inspect mota data files without writing a program.\n"
     "\n"
     "commands:\n"
-    "  catalog check PATH... --locale L [--catalog ID] [--messages]\n"
+    "  catalog check PATH... --locale L [--catalog ID] [--messages] [--json]\n"
     "                     load message catalogs and list what was loaded\n"
     "  catalog render PATH --locale L CATALOG MESSAGE [NAME=VALUE ...]\n"
     "                     render one message with the given arguments\n"
@@ -27,7 +27,7 @@ const char* const main_usage =
     "exit status: 0 success, 1 failure, 2 configuration key not set, 64 usage error\n";
 
 const char* const catalog_usage =
-    "usage: mota catalog check PATH... --locale L [--catalog ID] [--messages]\n"
+    "usage: mota catalog check PATH... --locale L [--catalog ID] [--messages] [--json]\n"
     "       mota catalog render PATH --locale L [--catalog ID] CATALOG MESSAGE [NAME=VALUE ...]\n"
     "       mota catalog render PATH --locale L CATALOG MESSAGE --list-args\n"
     "       mota catalog lint PATH... [--strict] [--json]\n"
@@ -53,13 +53,18 @@ const char* const catalog_usage =
     "        duplicate messages and catalog sections (which one the loader keeps), sections\n"
     "        without a language, missing and extra messages, text identical to the\n"
     "        reference. Exits 0 when clean, 1 on errors, 3 on warnings only.\n"
-    "        --strict counts warnings as errors; --json prints one JSON document instead\n"
-    "        (keys statistics, findings, summary).\n"
     "\n"
     "options:\n"
-    "  --locale L     locale to load for, such as en, de_DE or fr-FR (required)\n"
-    "  --catalog ID   load only the catalog named ID\n"
+    "  --locale L     (check, render; required) locale to load for, such as en, de_DE\n"
+    "                 or fr-FR\n"
+    "  --catalog ID   (check, render) load only the catalog named ID\n"
     "  --messages     (check) list the messages of each catalog\n"
+    "  --json         (check, lint) print one JSON document on standard output instead:\n"
+    "                 check's keys are catalogs (name, messages, languages and, with\n"
+    "                 --messages, message_languages), errors and status; lint's are\n"
+    "                 statistics, findings (severity, check, file, catalog, language,\n"
+    "                 message, text) and summary\n"
+    "  --strict       (lint) count warnings as errors\n"
     "  --list-args    (render) list the arguments instead of rendering\n"
     "  --help         print this text\n";
 
