@@ -57,6 +57,12 @@ std::string quoted(const std::string& text) {
   return "\"" + text + "\"";
 }
 
+// One written variant of a message: the file it is in and its key (xmc_outline::message).
+struct occurrence {
+  std::size_t file;
+  ustring8 key;
+};
+
 // The files to read and what was read of each.
 struct catalog_file {
   std::string path;
@@ -151,7 +157,7 @@ class lint_run {
   void check_outlines() {
     // Where each catalog section and each message was written, in load order.
     std::map<std::pair<ustring8, ustring8>, std::vector<std::size_t>> sections;
-    std::map<std::pair<ustring8, ustring8>, std::map<ustring8, std::vector<std::size_t>>> messages;
+    std::map<std::pair<ustring8, ustring8>, std::map<ustring8, std::vector<occurrence>>> messages;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
       const std::string& path = m_files[i].path;
       for (const xmc_outline::section& s : m_files[i].outline.sections) {
@@ -166,7 +172,7 @@ class lint_run {
         sections[{s.catalog, s.lang}].push_back(i);
         for (const xmc_outline::message& m : s.messages) {
           check_message_outline(path, s, m);
-          if (m.named) messages[{s.catalog, s.lang}][m.name].push_back(i);
+          if (m.named) messages[{s.catalog, s.lang}][m.name].push_back({i, m.key});
         }
       }
     }
@@ -187,26 +193,41 @@ class lint_run {
     }
   }
 
-  // Within one file the first of two variants wins; across files the one loaded last.
-  // Within one file the first of two variants wins; across files the one read last (a file's
-  // load replaces what earlier files gave).
+  // Which variant the load kept is found by comparing the loaded message with each variant
+  // as written.
   void report_duplicate(const ustring8& catalog, const ustring8& lang, const ustring8& name,
-                        const std::vector<std::size_t>& files) {
-    const std::size_t last = files.back();
-    std::size_t in_last = 0;
-    for (std::size_t file : files)
-      in_last += file == last ? 1 : 0;
-    const bool one_file = files.front() == last;
-    std::string text = "message written " + std::to_string(files.size()) + " times " +
-                       (one_file ? "in " : "(in ") + paths(files) + (one_file ? "" : ")") +
-                       "; the loader keeps the ";
-    text += in_last > 1 ? "first one" : "one in " + m_files[last].path;
-    if (in_last > 1 && !one_file) text += " in " + m_files[last].path;
+                        const std::vector<occurrence>& variants) {
+    std::vector<std::size_t> files, kept;
+    const auto own = m_loaded.own_messages(catalog, lang);
+    const auto loaded = own.find(name);
+    const ustring8 key =
+        loaded == own.end() ? ustring8() : mota::i18n::message_key(*loaded->second);
+    for (std::size_t i = 0; i < variants.size(); ++i) {
+      files.push_back(variants[i].file);
+      if (loaded != own.end() && variants[i].key == key) kept.push_back(i);
+    }
+    std::string text =
+        "message written " + std::to_string(variants.size()) + " times in " + paths(files) + "; ";
+    if (kept.empty()) {
+      text += "none of them was loaded";
+    } else if (kept.size() == variants.size()) {
+      text += "all alike";
+    } else {
+      text += "the loader keeps the " + ordinal(kept.front() + 1) + " (in " +
+              m_files[variants[kept.front()].file].path + ")";
+    }
     lint_finding f = finding(false, "duplicate-message", text);
     f.catalog = catalog;
     f.language = lang;
     f.message = name;
     m_report.add(f);
+  }
+
+  static std::string ordinal(std::size_t n) {
+    if (n == 1) return "first";
+    if (n == 2) return "second";
+    if (n == 3) return "third";
+    return std::to_string(n) + "th";
   }
 
   // The distinct files of `indexes`, in load order.

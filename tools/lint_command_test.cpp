@@ -4,6 +4,7 @@
 
 #include <mota_test.hpp>
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -164,8 +165,8 @@ TEST(ToolCatalogLint, BrokenSetShowsEveryFinding) {
       d +
       "/de.xmc; their messages merge [duplicate-section]\n"
       "catalog \"store\" [en] message \"about\": warning: message written 2 times in " +
-      d +
-      "/app.xmc; the loader keeps the first one [duplicate-message]\n"
+      d + "/app.xmc; the loader keeps the first (in " + d +
+      "/app.xmc) [duplicate-message]\n"
       "catalog \"help\": warning: catalog has no English (en) or language-neutral (.) messages; "
       "its languages are not compared [no-reference]\n" +
       store +
@@ -225,4 +226,22 @@ TEST(ToolCatalogLint, UsageFaultsAndMissingPaths) {
   EXPECT_NE(std::string::npos,
             r.out.find("error: message_catalogs::result_type - Entity (file or directory) \"" +
                        example("no/such/place") + "\" was not found on disk [load-error]\n"));
+}
+
+// The file read first (de/ sorts before shop.xmc) can hold the variant that is kept: the later
+// file includes it before writing its own variant, and within one load the first one wins.
+TEST(ToolCatalogLint, DuplicateReportNamesTheVariantTheLoaderKept) {
+  mota_test::temp_dir dir;
+  std::filesystem::create_directory(dir.path() / "de");
+  const std::string head = "<?xml version=\"1.0\"?>\n<xmc version=\"1.1\">";
+  std::ofstream(dir.str() + "/de/app.xmc")
+      << head << "<catalog name=\"c\" lang=\"de\"><msg name=\"hi\">A</msg></catalog></xmc>";
+  std::ofstream(dir.str() + "/shop.xmc")
+      << head << "<include file=\"de/app.xmc\"/><catalog name=\"c\" lang=\"de\">"
+      << "<msg name=\"hi\">B</msg></catalog></xmc>";
+  const run_result r = run({"catalog", "lint", dir.str()});
+  EXPECT_NE(std::string::npos,
+            r.out.find("message written 2 times in " + dir.str() + "/de/app.xmc, " + dir.str() +
+                       "/shop.xmc; the loader keeps the first (in " + dir.str() + "/de/app.xmc)"))
+      << r.out;
 }

@@ -3,6 +3,7 @@
 #include <mota/parser/xml_token_stream.hpp>
 #include <mota/strings/_private/ascii_lower.hpp>
 
+#include <cctype>
 #include <string>
 
 namespace MOTA_2_18 {
@@ -39,6 +40,12 @@ const keyword_kind* find_keyword(const strings::ustring8& word) {
   return nullptr;
 }
 
+void append_without_space(strings::ustring8& key, const std::string& text) {
+  for (const char c : text) {
+    if (!std::isspace(static_cast<unsigned char>(c))) key += c;
+  }
+}
+
 // Walks the token list keeping the chain of open elements, so that each element is taken only
 // where the loader would take it.
 class outline_reader {
@@ -59,6 +66,9 @@ class outline_reader {
           break;
         case token::attribute_value:
           attribute(t.value());
+          break;
+        case token::character:
+          if (parent() == message) append_key(t.value());
           break;
         default:
           break;
@@ -117,13 +127,20 @@ class outline_reader {
       }
       case argument: {
         xmc_outline::argument& a = m_outline.sections.back().messages.back().arguments.back();
-        if (m_attribute == "name") a.name = value;
+        if (m_attribute == "name") {
+          a.name = value;
+          append_key(value);
+        }
         if (m_attribute == "type") a.type = value;
         break;
       }
       default:
         break;
     }
+  }
+
+  void append_key(const strings::ustring8& text) {
+    append_without_space(m_outline.sections.back().messages.back().key, text);
   }
 
   xmc_outline& m_outline;
@@ -139,6 +156,13 @@ xmc_outline read_xmc_outline(const strings::ustring8& content) {
   outline.well_formed = tokens.parse(content).type == parser::xml_parser::parse_error::no_error;
   outline_reader(outline).read(tokens);
   return outline;
+}
+
+strings::ustring8 message_key(const message_t& message) {
+  strings::ustring8 key;
+  for (const message_item& item : message)
+    append_without_space(key, item.type() == message_item::text ? item.data() : item.name());
+  return key;
 }
 
 bool is_type_keyword(const strings::ustring8& word) {

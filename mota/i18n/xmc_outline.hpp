@@ -9,6 +9,7 @@
 #define MOTA_I18N_XMC_OUTLINE_HPP
 
 #include <mota/export.hpp>
+#include <mota/i18n/message.hpp>
 #include <mota/i18n/message_item.hpp>
 #include <mota/strings/ustring.hpp>
 
@@ -26,6 +27,9 @@ struct MOTA_API xmc_outline {
     strings::ustring8 name;
     bool named = false;  // false when the element has no "name" attribute
     std::vector<argument> arguments;
+    // The character data and argument names in order, white space removed: enough to tell
+    // the variants of a message apart (see message_key).
+    strings::ustring8 key;
   };
   struct section {
     strings::ustring8 catalog;
@@ -45,6 +49,10 @@ struct MOTA_API xmc_outline {
 // anything else is passed over, and faults such as unknown attributes are left to the loader,
 // which reports them. Never throws for bad input.
 MOTA_API xmc_outline read_xmc_outline(const strings::ustring8& content);
+
+// The key of a loaded message, comparable with xmc_outline::message::key: its text items'
+// data and its argument items' names in order, white space removed.
+MOTA_API strings::ustring8 message_key(const message_t& message);
 
 // True when the loader knows `word` as a type keyword (case does not matter); every other word
 // is read as `string`.

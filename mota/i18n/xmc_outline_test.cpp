@@ -43,6 +43,14 @@ TEST(XmcOutline, KeepsEverySectionMessageAndArgumentAsWritten) {
   EXPECT_EQ("n", first.messages[0].arguments[0].name);
   EXPECT_EQ("Colour", first.messages[0].arguments[0].type);
   EXPECT_FALSE(first.messages[1].named);
+  // Keys ignore white space and formats, so that a written and a loaded variant compare.
+  EXPECT_EQ("xn", first.messages[0].key);
+  EXPECT_EQ("noname", first.messages[1].key);
+  EXPECT_EQ("xn", mota::i18n::message_key(mota::i18n::message_t(
+                      "a", {message_item(" x\n"), message_item("n\x01"
+                                                               "hex\x01"
+                                                               "1",
+                                                               message_item::int_)})));
   EXPECT_FALSE(outline.sections[2].has_lang);
   EXPECT_EQ("", outline.sections[2].messages[0].arguments[0].type);
   EXPECT_EQ("c", outline.sections[3].catalog);
