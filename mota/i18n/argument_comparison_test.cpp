@@ -12,9 +12,7 @@ using mota::i18n::message_t;
 
 namespace {
 
-message_item arg(const std::string& data, message_item::type_t kind) {
-  return message_item(data, kind);
-}
+using arg = message_item;
 
 // The differences written as "kind:name:reference:translation", one per entry.
 std::vector<std::string> differences(const message_t::items_type& reference,
@@ -89,14 +87,4 @@ TEST(ArgumentComparison, FindsEachKindOfDifference) {
     EXPECT_EQ(c.expected, differences(c.reference, c.translation))
         << (c.expected.empty() ? "" : c.expected[0]);
   }
-}
-
-TEST(ArgumentComparison, FormatPairsAreSortedAndToleratesAKeyWithoutValue) {
-  EXPECT_EQ("", mota::i18n::format_pairs("name"));
-  EXPECT_EQ("a=1 b=", mota::i18n::format_pairs("name\x01"
-                                               "b\x01\x01"
-                                               "a\x01"
-                                               "1"));
-  EXPECT_EQ("hex=", mota::i18n::format_pairs("name\x01"
-                                             "hex"));
 }
