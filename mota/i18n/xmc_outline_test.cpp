@@ -1,5 +1,6 @@
 #include <mota/i18n/xmc_outline.hpp>
 
+#include <mota/i18n/argument_comparison.hpp>
 #include <mota/i18n/message_catalogs.hpp>
 
 #include <mota_test.hpp>
@@ -87,6 +88,12 @@ TEST(XmcOutline, KeywordKindsAgreeWithTheLoader) {
               mota::i18n::is_type_keyword(word))
         << word;
   }
+  // Every kind's keyword, as the tools print it, reads back as that kind.
+  for (int k = message_item::string; k <= message_item::duration; ++k) {
+    const auto kind = static_cast<message_item::type_t>(k);
+    EXPECT_EQ(kind, mota::i18n::kind_of_keyword(mota::i18n::kind_keyword(kind))) << k;
+  }
+  EXPECT_STREQ("unknown", mota::i18n::kind_keyword(static_cast<message_item::type_t>(12)));
   EXPECT_TRUE(mota::i18n::always_renders_invalid(message_item::time));
   EXPECT_FALSE(mota::i18n::always_renders_invalid(message_item::duration));
 }
