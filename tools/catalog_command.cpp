@@ -3,7 +3,7 @@
 #include "arguments.hpp"
 #include "catalog_files.hpp"
 #include "commands.hpp"
-#include "json_text.hpp"
+#include "json_output.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
 

@@ -1,6 +1,6 @@
 #include "lint_report.hpp"
 
-#include "json_text.hpp"
+#include "json_output.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
 

@@ -1,6 +1,6 @@
-// JSON text for the tool's --json output.
-#ifndef MOTA_TOOLS_JSON_TEXT_HPP
-#define MOTA_TOOLS_JSON_TEXT_HPP
+// JSON text for the --json output of the check commands.
+#ifndef MOTA_TOOLS_JSON_OUTPUT_HPP
+#define MOTA_TOOLS_JSON_OUTPUT_HPP
 
 #include <string>
 #include <vector>
@@ -16,4 +16,4 @@ std::string json_strings(const std::vector<std::string>& texts);
 
 }  // namespace mota_tool
 
-#endif  // MOTA_TOOLS_JSON_TEXT_HPP
+#endif  // MOTA_TOOLS_JSON_OUTPUT_HPP

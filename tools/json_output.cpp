@@ -1,4 +1,4 @@
-#include "json_text.hpp"
+#include "json_output.hpp"
 
 #include "text_output.hpp"
 
