@@ -36,11 +36,14 @@
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
 #include <mota/generic/varg_list.hpp>
+#include <mota/i18n/argument_comparison.hpp>
 #include <mota/i18n/catalog.hpp>
+#include <mota/i18n/catalog_languages.hpp>
 #include <mota/i18n/format_value.hpp>
 #include <mota/i18n/message.hpp>
 #include <mota/i18n/message_catalogs.hpp>
 #include <mota/i18n/message_item.hpp>
+#include <mota/i18n/xmc_outline.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/memory/shared_pointer.hpp>
 #include <mota/parser/xml_parser.hpp>
@@ -62,6 +65,7 @@
 #include <mota/strings/split.hpp>
 #include <mota/strings/ustring.hpp>
 #include <mota/strings/utf.hpp>
+#include <mota/strings/utf8_check.hpp>
 #include <mota/system/date_time/date.hpp>
 #include <mota/system/date_time/date_duration.hpp>
 #include <mota/system/date_time/date_time.hpp>

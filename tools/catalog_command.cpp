@@ -1,12 +1,16 @@
 // mota catalog check|render: loads message catalogs as an application would and shows what
 // was loaded, or renders one message with arguments given on the command line.
 #include "arguments.hpp"
+#include "catalog_files.hpp"
 #include "commands.hpp"
+#include "json_output.hpp"
 #include "text_output.hpp"
 #include "usage.hpp"
 
 #include <mota/generic/varg_list.hpp>
+#include <mota/i18n/argument_comparison.hpp>
 #include <mota/i18n/message_catalogs.hpp>
+#include <mota/system/io.hpp>
 #include <mota/types/variant.hpp>
 
 #include <cctype>
@@ -20,36 +24,6 @@ using mota::i18n::message_catalogs;
 using mota::i18n::message_item;
 using mota::i18n::message_t;
 using mota::strings::ustring8;
-
-const char* kind_name(message_item::type_t kind) {
-  switch (kind) {
-    case message_item::text:
-      return "text";
-    case message_item::string:
-      return "string";
-    case message_item::number:
-      return "number";
-    case message_item::int_:
-      return "int";
-    case message_item::double_:
-      return "double";
-    case message_item::time:
-      return "time";
-    case message_item::date:
-      return "date";
-    case message_item::memory:
-      return "memory";
-    case message_item::memory_unit:
-      return "memory_unit";
-    case message_item::metric:
-      return "metric";
-    case message_item::metric_unit:
-      return "metric_unit";
-    case message_item::duration:
-      return "duration";
-  }
-  return "unknown";
-}
 
 // The kinds that read their argument as a number; all others show it as text.
 bool is_numeric(message_item::type_t kind) {
@@ -133,11 +107,22 @@ bool load(const std::vector<std::string>& paths, const arguments& args, message_
   return true;
 }
 
-int check(const arguments& args, std::ostream& out, std::ostream& err) {
-  const std::vector<std::string> paths(args.positional().begin() + 1, args.positional().end());
-  if (paths.empty()) return usage_error(err, "catalog check needs a PATH", catalog_usage);
-  message_catalogs catalogs;
-  if (!load(paths, args, catalogs, err)) return exit_failure;
+// Loads one file for the locale (and catalog id) of `args`; a failure's message goes to
+// `failures`.
+void load_one(const std::string& file, const arguments& args, message_catalogs& catalogs,
+              std::vector<std::string>& failures) {
+  const ustring8 locale(args.value("--locale"));
+  const message_catalogs::result_type result =
+      args.has("--catalog")
+          ? catalogs.load_file(ustring8(file), locale, ustring8(args.value("--catalog")))
+          : catalogs.load_file(ustring8(file), locale);
+  if (result.type != message_catalogs::no_error) failures.push_back(result.message);
+}
+
+void write_check_text(const message_catalogs& catalogs, const std::vector<std::string>& failures,
+                      bool messages, std::ostream& out, std::ostream& err) {
+  for (const std::string& failure : failures)
+    err << printable(failure) << "\n";
   for (const auto& entry : catalogs) {
     const catalog_t& catalog = *entry.second;
     out << printable(entry.first) << ": " << catalog.size()
@@ -146,13 +131,78 @@ int check(const arguments& args, std::ostream& out, std::ostream& err) {
       out << " " << (lang->empty() ? std::string("\"\"") : printable(*lang));
     }
     out << "\n";
-    if (!args.has("--messages")) continue;
+    if (!messages) continue;
     for (const auto& message : catalog) {
       out << "  " << printable(message.first) << " [" << printable(message.second._orginal_locale())
           << "]\n";
     }
   }
-  return exit_ok;
+}
+
+// {"catalogs": [{"name", "messages", "languages"[, "message_languages"]}...], "errors": [...],
+//  "status": N}
+void write_check_json(const message_catalogs& catalogs, const std::vector<std::string>& failures,
+                      bool messages, int status, std::ostream& out) {
+  out << "{\n  \"catalogs\": [";
+  bool first = true;
+  for (const auto& entry : catalogs) {
+    const catalog_t& catalog = *entry.second;
+    out << (first ? "\n" : ",\n") << "    {\"name\": " << json_string(entry.first)
+        << ", \"messages\": " << catalog.size() << ", \"languages\": "
+        << json_strings(
+               std::vector<std::string>(catalog.languages_begin(), catalog.languages_end()));
+    first = false;
+    if (messages) {
+      out << ", \"message_languages\": {";
+      bool first_message = true;
+      for (const auto& message : catalog) {
+        out << (first_message ? "" : ", ") << json_string(message.first) << ": "
+            << json_string(message.second._orginal_locale());
+        first_message = false;
+      }
+      out << "}";
+    }
+    out << "}";
+  }
+  out << (first ? "],\n" : "\n  ],\n") << "  \"errors\": " << json_strings(failures)
+      << ",\n  \"status\": " << status << "\n}\n";
+}
+
+// Loads every file of every path on its own, so that each broken file is reported, and lists
+// what the good ones loaded.
+int check(const arguments& args, std::ostream& out, std::ostream& err) {
+  const std::vector<std::string> paths(args.positional().begin() + 1, args.positional().end());
+  if (paths.empty()) return usage_error(err, "catalog check needs a PATH", catalog_usage);
+  message_catalogs catalogs;
+  std::vector<std::string> failures;
+  for (const std::string& path : paths) {
+    if (mota::system::io::is_file(ustring8(path))) {
+      load_one(path, args, catalogs, failures);
+    } else if (mota::system::io::is_directory(ustring8(path))) {
+      std::vector<std::string> files;
+      collect_catalog_files(path, files);
+      for (const std::string& file : files)
+        load_one(file, args, catalogs, failures);
+    } else {
+      failures.push_back(
+          message_catalogs::result_type(message_catalogs::entity_not_found, ustring8(path))
+              .message);
+    }
+  }
+  if (failures.empty() && catalogs.size() == 0) {
+    std::string joined;
+    for (const std::string& path : paths)
+      joined += (joined.empty() ? "" : ", ") + path;
+    failures.push_back(
+        message_catalogs::result_type(message_catalogs::no_catalog_loaded, joined).message);
+  }
+  const int status = failures.empty() ? exit_ok : exit_failure;
+  if (args.has("--json")) {
+    write_check_json(catalogs, failures, args.has("--messages"), status, out);
+  } else {
+    write_check_text(catalogs, failures, args.has("--messages"), out, err);
+  }
+  return status;
 }
 
 // The format pairs after an argument's name ("key=value ..."), as the catalog spelled them.
@@ -180,7 +230,7 @@ int list_args(const message_t& message, std::ostream& out) {
   std::set<std::string> shown;
   for (const message_item& item : message) {
     if (item.type() == message_item::text) continue;
-    std::string line = printable(item.name()) + " " + kind_name(item.type());
+    std::string line = printable(item.name()) + " " + mota::i18n::kind_keyword(item.type());
     line += printable(format_text(item.data()));
     if (shown.insert(line).second) out << line << "\n";
   }
@@ -239,8 +289,8 @@ int render(const arguments& args, std::ostream& out, std::ostream& err) {
       if (is_numeric(item.type()) &&
           !is_number_text(value.second, item.type() == message_item::int_)) {
         return failure(err, "argument \"" + printable(value.first) + "\" is of kind " +
-                                kind_name(item.type()) + " and needs a number, not \"" +
-                                printable(value.second) + "\"");
+                                mota::i18n::kind_keyword(item.type()) +
+                                " and needs a number, not \"" + printable(value.second) + "\"");
       }
     }
     if (!found) {
@@ -264,7 +314,10 @@ int render(const arguments& args, std::ostream& out, std::ostream& err) {
 }  // namespace
 
 int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  arguments args({"--locale", "--catalog"}, {"--list-args", "--messages"});
+  if (!words.empty() && words[0] == "lint") {
+    return run_catalog_lint(std::vector<std::string>(words.begin() + 1, words.end()), out, err);
+  }
+  arguments args({"--locale", "--catalog"}, {"--list-args", "--messages", "--json"});
   if (!args.parse(words, false)) return usage_error(err, printable(args.error()), catalog_usage);
   if (args.has("--help")) {
     out << catalog_usage;
@@ -280,6 +333,9 @@ int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!args.has("--locale")) return usage_error(err, "--locale is required", catalog_usage);
   if (command == "check" && args.has("--list-args")) {
     return usage_error(err, "--list-args belongs to catalog render", catalog_usage);
+  }
+  if (command == "render" && args.has("--json")) {
+    return usage_error(err, "--json belongs to catalog check", catalog_usage);
   }
   if (command == "render" && args.has("--messages")) {
     return usage_error(err, "--messages belongs to catalog check", catalog_usage);

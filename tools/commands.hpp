@@ -19,6 +19,9 @@ int run_mota(const std::vector<std::string>& words, std::istream& in, std::ostre
 // mota catalog check|render ...
 int run_catalog(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
 
+// mota catalog lint ...; `words` are the arguments after "lint".
+int run_catalog_lint(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
+
 // mota config get|dump ...; `envp` is the environment the configuration sees.
 int run_config(const std::vector<std::string>& words, const char* const* envp, std::ostream& out,
                std::ostream& err);

@@ -2,12 +2,14 @@
 
 #include "text_output.hpp"
 
+#include <cstdio>
+
 namespace mota_tool {
 
-std::string json_string(const std::string& text) {
-  static const char digits[] = "0123456789abcdef";
+std::string json_string(const std::string& raw) {
+  const std::string text = printable(raw);
   std::string out = "\"";
-  for (const char c : printable(text)) {
+  for (const char c : text) {
     const unsigned char byte = static_cast<unsigned char>(c);
     if (c == '"' || c == '\\') {
       out += '\\';
@@ -17,14 +19,21 @@ std::string json_string(const std::string& text) {
     } else if (c == '\t') {
       out += "\\t";
     } else if (byte < 0x20) {
-      out += "\\u00";
-      out += digits[byte >> 4];
-      out += digits[byte & 0x0F];
+      char buffer[8];
+      std::snprintf(buffer, sizeof buffer, "\\u%04x", byte);
+      out += buffer;
     } else {
       out += c;
     }
   }
   return out + "\"";
+}
+
+std::string json_strings(const std::vector<std::string>& names) {
+  std::string out = "[";
+  for (std::size_t i = 0; i < names.size(); ++i)
+    out += (i ? ", " : "") + json_string(names[i]);
+  return out + "]";
 }
 
 }  // namespace mota_tool

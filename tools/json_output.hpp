@@ -3,12 +3,16 @@
 #define MOTA_TOOLS_JSON_OUTPUT_HPP
 
 #include <string>
+#include <vector>
 
 namespace mota_tool {
 
-// `text` as a JSON string literal, quotes included. Bytes that are not well-formed UTF-8 are
-// first written as \xNN, as printable() does, so the result is always valid JSON.
-std::string json_string(const std::string& text);
+// `raw` as a JSON string with its quotes. The text is made printable first (see
+// text_output.hpp), so a byte that is not UTF-8 shows as the four characters \xNN.
+std::string json_string(const std::string& raw);
+
+// The strings as a JSON array on one line.
+std::string json_strings(const std::vector<std::string>& texts);
 
 }  // namespace mota_tool
 
