@@ -20,18 +20,19 @@ namespace i18n {
 
 // One way in which a translation's arguments differ from the reference's.
 struct MOTA_API argument_difference {
+  // What differs; the comment of each kind says what the text members hold.
   enum kind_t : std::int32_t {
-    missing = 0,         // the reference has `name`, the translation does not
-    extra = 1,           // the translation has `name`, the reference does not
-    renamed = 2,         // `name` is missing and `translation` is extra in its place
-    kind_changed = 3,    // `reference` and `translation` list the kinds each uses
-    format_changed = 4,  // `reference` and `translation` give the formats of one kind
+    missing = 0,         ///< the reference has `name`, the translation does not
+    extra = 1,           ///< the translation has `name`, the reference does not
+    renamed = 2,         ///< `name` is missing and `translation` is extra in its place
+    kind_changed = 3,    ///< `reference` and `translation` list the kinds each uses
+    format_changed = 4,  ///< `reference` and `translation` give the formats of one kind
   };
 
-  kind_t kind;
-  strings::ustring8 name;
-  strings::ustring8 reference;
-  strings::ustring8 translation;
+  kind_t kind;                    ///< what differs
+  strings::ustring8 name;         ///< the argument's name (the reference's, for renamed)
+  strings::ustring8 reference;    ///< the reference's side, see kind_t
+  strings::ustring8 translation;  ///< the translation's side, see kind_t
 };
 
 // The differences between the argument slots of `reference` and `translation`; empty when

@@ -23,13 +23,15 @@ namespace i18n {
 
 // How one language of a catalog covers the messages of the reference language.
 struct MOTA_API language_coverage {
-  std::vector<strings::ustring8> present;  // written in this very language
-  std::vector<strings::ustring8> missing;  // in the reference, served from "." or "en" here
-  std::vector<strings::ustring8> extra;    // written in this language, absent from the reference
+  std::vector<strings::ustring8> present;  ///< written in this very language
+  std::vector<strings::ustring8> missing;  ///< in the reference, served from "." or "en" here
+  std::vector<strings::ustring8> extra;    ///< written in this language, absent from the reference
 };
 
+// One catalog set loaded once per language, for comparing the languages with each other.
 class MOTA_API catalog_languages {
  public:
+  // Message name to the message loaded for one language.
   using message_map = std::map<strings::ustring8, const message_t*>;
 
   // Loads every file for every language of `languages` (an empty language is skipped). Each

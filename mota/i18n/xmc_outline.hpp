@@ -18,28 +18,33 @@
 namespace MOTA_2_18 {
 namespace i18n {
 
+// What an XMC text holds, as written: every catalog section in every language, with its
+// messages and their arguments, and the files it includes.
 struct MOTA_API xmc_outline {
+  // One argument element of a message.
   struct argument {
-    strings::ustring8 name;
-    strings::ustring8 type;  // as written; empty when the element has no "type"
+    strings::ustring8 name;  ///< the "name" value
+    strings::ustring8 type;  ///< as written; empty when the element has no "type"
   };
+  // One message element.
   struct message {
-    strings::ustring8 name;
-    bool named = false;  // false when the element has no "name" attribute
-    std::vector<argument> arguments;
+    strings::ustring8 name;           ///< the "name" value; empty when absent
+    bool named = false;               ///< false when the element has no "name" attribute
+    std::vector<argument> arguments;  ///< the argument elements in order
     // The character data and argument names in order, white space removed: enough to tell
     // the variants of a message apart (see message_key).
     strings::ustring8 key;
   };
+  // One catalog element.
   struct section {
-    strings::ustring8 catalog;
-    strings::ustring8 lang;
-    bool has_lang = false;
-    std::vector<message> messages;
+    strings::ustring8 catalog;      ///< the catalog's name
+    strings::ustring8 lang;         ///< the "lang" value as written
+    bool has_lang = false;          ///< false when the element has no "lang"
+    std::vector<message> messages;  ///< the message elements in order
   };
 
-  std::vector<section> sections;
-  std::vector<strings::ustring8> includes;  // the "file" values, as written
+  std::vector<section> sections;            ///< the catalog elements in order
+  std::vector<strings::ustring8> includes;  ///< the "file" values, as written
   // False when the text is not well-formed XML; what was read before the fault is kept.
   bool well_formed = false;
 };
