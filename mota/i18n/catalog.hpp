@@ -18,6 +18,10 @@
 namespace MOTA_2_18 {
 namespace i18n {
 
+namespace _private {
+struct catalog_internals;
+}  // namespace _private
+
 class MOTA_API catalog_t {
  public:
   using messages_type = std::map<strings::ustring8, message_t>;
@@ -80,6 +84,9 @@ class MOTA_API catalog_t {
   bool is_language_loaded(const strings::ustring32& lang) const;
 
  private:
+  // The catalog loader moves whole messages in without copying them.
+  friend struct _private::catalog_internals;
+
   // Reserved words; the catalog itself does not use them.
   std::uint32_t m_reserved0 = 0;
   std::uint32_t m_reserved1 = 0;
