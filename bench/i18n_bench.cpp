@@ -1,6 +1,6 @@
 // Message catalogs: loading a directory of XMC files against pugixml parsing the same files
-// into its DOM, and rendering one message with three typed arguments against ICU's
-// MessageFormat and plain snprintf.
+// into its DOM and walking that into a map of the same messages (time and peak memory), and
+// rendering one message with three typed arguments against ICU's MessageFormat and plain snprintf.
 #include <mota/generic/varg_list.hpp>
 #include <mota/i18n/message.hpp>
 #include <mota/i18n/message_catalogs.hpp>
@@ -12,14 +12,19 @@
 #include <unicode/unistr.h>
 #include <pugixml.hpp>
 
+#include <malloc.h>
+
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <map>
+#include <new>
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -79,36 +84,193 @@ const catalog_dir& data() {
   return dir;
 }
 
+// --- peak memory ---------------------------------------------------------------------------
+// Every block allocated through operator new (the library, the standard containers) and through
+// pugixml's allocation hooks is counted by its usable size while a measured load runs, so both
+// sides are weighed by the same rule. The timed iterations run uncounted; one extra load per
+// benchmark, outside the timing, gives the peak and the number of allocations.
+
+bool g_counting = false;
+long long g_current = 0;
+long long g_peak = 0;
+long long g_allocations = 0;
+
+void* counted_malloc(std::size_t size) {
+  void* p = std::malloc(size == 0 ? 1 : size);
+  if (p != nullptr && g_counting) {
+    ++g_allocations;
+    g_current += static_cast<long long>(malloc_usable_size(p));
+    if (g_current > g_peak) g_peak = g_current;
+  }
+  return p;
+}
+
+void counted_free(void* p) {
+  if (p != nullptr && g_counting) g_current -= static_cast<long long>(malloc_usable_size(p));
+  std::free(p);
+}
+
+// Runs `load` once, counted: records the highest number of bytes held at once above what was
+// held before ("peak_bytes") and the number of blocks allocated ("allocations").
+template <class Load>
+void count_memory(benchmark::State& state, Load&& load) {
+  g_current = 0;
+  g_peak = 0;
+  g_allocations = 0;
+  g_counting = true;
+  load();
+  g_counting = false;
+  state.counters["peak_bytes"] = static_cast<double>(g_peak);
+  state.counters["allocations"] = static_cast<double>(g_allocations);
+}
+
+// The locales a de_DE load accepts, least specific first; the position is the weight.
+unsigned int locale_weight(std::string lang) {
+  static const char* const kAccepted[] = {".", "en", "de", "de_DE"};
+  if (lang.size() != 1) {
+    for (char& c : lang) {
+      if (c == '.' || c == '-') c = '_';
+    }
+  }
+  for (unsigned int i = 0; i < 4; ++i) {
+    if (lang == kAccepted[i]) return i + 1;
+  }
+  return 0;
+}
+
+std::size_t mota_load(const catalog_dir& dir, benchmark::State& state) {
+  mota::i18n::message_catalogs cats;
+  auto result = cats.load_directory(dir.path(), "de_DE");
+  if (result.type != 0) state.SkipWithError(result.message.c_str());
+  return cats.size("cat0");
+}
+
 void BM_Load_MotaDirectory(benchmark::State& state) {
   const catalog_dir& dir = data();
   std::size_t messages = 0;
   for (auto _ : state) {
-    mota::i18n::message_catalogs cats;
-    auto result = cats.load_directory(dir.path(), "de_DE");
-    if (result.type != 0) state.SkipWithError(result.message.c_str());
-    messages = cats.size("cat0");
+    messages = mota_load(dir, state);
     benchmark::DoNotOptimize(messages);
   }
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * dir.bytes()));
   state.counters["messages_in_cat0"] = static_cast<double>(messages);
+  count_memory(state, [&] { mota_load(dir, state); });
 }
 BENCHMARK(BM_Load_MotaDirectory)->Unit(benchmark::kMillisecond);
 
+// The peer: pugixml's DOM of each file, walked into the same message model the library builds
+// (text pieces and typed argument slots, with the section's locale and the meta text), keeping
+// per message the best-weighted language like the library does.
+struct peer_item {
+  int type;
+  std::string data;
+};
+struct peer_message {
+  std::string locale;
+  std::string meta;
+  std::vector<peer_item> items;
+};
+using peer_catalogs = std::map<std::string, std::map<std::string, peer_message>>;
+
+int peer_type(std::string word) {
+  static const std::pair<const char*, int> kTypes[] = {
+      {"date", 6},        {"duration", 11}, {"memory", 7},       {"mem", 7},    {"mem_unit", 8},
+      {"memory_unit", 8}, {"metric", 9},    {"metric_unit", 10}, {"number", 2}, {"int", 3},
+      {"double", 4},      {"string", 1},    {"time", 5},         {"value", 0}};
+  for (char& c : word)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  for (const auto& entry : kTypes) {
+    if (word == entry.first) return entry.second;
+  }
+  return 1;
+}
+
+peer_message peer_read_message(const pugi::xml_node& msg, const char* lang) {
+  peer_message out;
+  out.locale = lang;
+  out.meta = msg.attribute("meta").value();
+  std::string piece;
+  for (pugi::xml_node child : msg.children()) {
+    if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
+      piece += child.value();
+    } else if (child.type() == pugi::node_element) {
+      const std::string tag = child.name();
+      if (tag == "br") {
+        piece.push_back('\n');
+      } else if (tag == "arg" || tag == "argument") {
+        if (!piece.empty()) out.items.push_back(peer_item{0, std::move(piece)});
+        piece.clear();
+        peer_item item{1, child.attribute("name").value()};
+        for (pugi::xml_attribute attr : child.attributes()) {
+          const std::string key = attr.name();
+          if (key == "type") {
+            item.type = peer_type(attr.value());
+          } else if (key != "name") {
+            item.data.push_back('\x01');
+            item.data += key;
+            item.data.push_back('\x01');
+            item.data += attr.value();
+          }
+        }
+        out.items.push_back(std::move(item));
+      }
+    }
+  }
+  if (!piece.empty()) out.items.push_back(peer_item{0, std::move(piece)});
+  return out;
+}
+
+std::size_t pugixml_load(const catalog_dir& dir, benchmark::State& state) {
+  // pugixml allocates through its own hooks: count those too.
+  static const bool counted =
+      (pugi::set_memory_management_functions(counted_malloc, counted_free), true);
+  benchmark::DoNotOptimize(counted);
+  peer_catalogs catalogs;
+  for (const std::string& file : dir.files()) {
+    pugi::xml_document doc;
+    if (!doc.load_file(file.c_str())) state.SkipWithError("pugixml failed");
+    for (pugi::xml_node section : doc.child("xmc").children("catalog")) {
+      const char* lang = section.attribute("lang").value();
+      const unsigned int weight = locale_weight(lang);
+      if (weight == 0) continue;
+      auto& messages = catalogs[section.attribute("name").value()];
+      for (pugi::xml_node msg : section.children("msg")) {
+        peer_message& slot = messages[msg.attribute("name").value()];
+        if (slot.items.empty() || locale_weight(slot.locale) < weight) {
+          slot = peer_read_message(msg, lang);
+        }
+      }
+    }
+  }
+  return catalogs["cat0"].size();
+}
+
 void BM_Load_PugixmlDom(benchmark::State& state) {
+  const catalog_dir& dir = data();
+  std::size_t messages = 0;
+  for (auto _ : state) {
+    messages = pugixml_load(dir, state);
+    benchmark::DoNotOptimize(messages);
+  }
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * dir.bytes()));
+  state.counters["messages_in_cat0"] = static_cast<double>(messages);
+  count_memory(state, [&] { pugixml_load(dir, state); });
+}
+BENCHMARK(BM_Load_PugixmlDom)->Unit(benchmark::kMillisecond);
+
+// The DOM alone, without the walk: how much of the peer's time is pugixml's parse.
+void BM_Load_PugixmlParseOnly(benchmark::State& state) {
   const catalog_dir& dir = data();
   for (auto _ : state) {
     for (const std::string& file : dir.files()) {
-      std::ifstream in(file, std::ios::binary);
-      std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
       pugi::xml_document doc;
-      pugi::xml_parse_result result = doc.load_buffer(text.data(), text.size());
-      if (!result) state.SkipWithError("pugixml failed");
+      if (!doc.load_file(file.c_str())) state.SkipWithError("pugixml failed");
       benchmark::DoNotOptimize(doc.first_child());
     }
   }
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * dir.bytes()));
 }
-BENCHMARK(BM_Load_PugixmlDom)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Load_PugixmlParseOnly)->Unit(benchmark::kMillisecond);
 
 // --- rendering: an int with a field size, a double with a precision, a memory amount --------
 
@@ -182,3 +344,37 @@ void BM_Render_Snprintf(benchmark::State& state) {
 BENCHMARK(BM_Render_Snprintf);
 
 }  // namespace
+
+// Counted global allocation; the counting is off except inside count_memory.
+void* operator new(std::size_t size) {
+  void* p = counted_malloc(size);
+  if (p == nullptr) throw std::bad_alloc();
+  return p;
+}
+void* operator new[](std::size_t size) {
+  return operator new(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return counted_malloc(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return counted_malloc(size);
+}
+void operator delete(void* p) noexcept {
+  counted_free(p);
+}
+void operator delete[](void* p) noexcept {
+  counted_free(p);
+}
+void operator delete(void* p, std::size_t) noexcept {
+  counted_free(p);
+}
+void operator delete[](void* p, std::size_t) noexcept {
+  counted_free(p);
+}
+void operator delete(void* p, const std::nothrow_t&) noexcept {
+  counted_free(p);
+}
+void operator delete[](void* p, const std::nothrow_t&) noexcept {
+  counted_free(p);
+}

@@ -18,6 +18,10 @@
 namespace MOTA_2_18 {
 namespace i18n {
 
+namespace _private {
+struct catalog_internals;
+}  // namespace _private
+
 // One catalog of messages, keyed by message name, with the set of locales they were read in.
 class MOTA_API catalog_t {
  public:
@@ -113,6 +117,9 @@ class MOTA_API catalog_t {
   //@}
 
  private:
+  // The catalog loader moves whole messages in without copying them.
+  friend struct _private::catalog_internals;
+
   // Reserved words; the catalog itself does not use them.
   std::uint32_t m_reserved0 = 0;
   std::uint32_t m_reserved1 = 0;

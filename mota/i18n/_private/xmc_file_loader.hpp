@@ -12,6 +12,7 @@
 #define MOTA_I18N_PRIVATE_XMC_FILE_LOADER_HPP
 
 #include <mota/export.hpp>
+#include <mota/i18n/_private/language_list.hpp>
 #include <mota/i18n/catalog.hpp>
 #include <mota/i18n/message.hpp>
 #include <mota/memory/shared_pointer.hpp>
@@ -28,7 +29,7 @@ namespace MOTA_2_18 {
 namespace i18n {
 namespace _private {
 
-class xmc_token_reader;
+class xmc_cursor;
 
 class MOTA_API xmc_file_loader {
  public:
@@ -122,21 +123,27 @@ class MOTA_API xmc_file_loader {
 
   // Stores a message read in this load: the first of two equally weighted variants wins.
   void set_message(const message_t& message, const strings::ustring8& catalog);
+  // The same for a message the caller no longer needs, into the messages of its catalog
+  // (from messages_of), with the weight of its locale already known.
+  void store_message(message_map& messages, message_t&& message, std::uint32_t weight);
+  // The messages read so far for `catalog`, created empty when there are none.
+  message_map& messages_of(const strings::ustring8& catalog) { return m_data[catalog]; }
   // Merges the loaded messages into `catalogs`: a message already there is replaced unless
   // its locale weighs strictly more than the new one.
   void combine_data(catalog_map& catalogs) const;
   // The same merge, moving the messages out of this loader (its data is left empty).
   void move_data(catalog_map& catalogs);
 
-  const std::vector<strings::ustring8>& languages() const { return m_languages; }
+  const std::vector<strings::ustring8>& languages() const { return m_languages.entries(); }
   const data_map& data() const { return m_data; }
   const strings::ustring8& base_directory() const { return m_base_directory; }
 
  private:
-  friend class xmc_token_reader;
-
-  // set_message for a message the caller no longer needs.
-  void store_message(message_t&& message, const strings::ustring8& catalog);
+  // The document after the XML scan: the header, then the root's catalog sections and
+  // includes up to the root's end tag. Throws load_error.
+  void read_document(xmc_cursor& at);
+  // An "include" element: each "file" attribute names a file read at once.
+  void read_include(xmc_cursor& at);
   // Records that the file being read includes one whose include height is `height`.
   void note_included_height(unsigned int height);
 
@@ -148,7 +155,7 @@ class MOTA_API xmc_file_loader {
   };
   class parse_scope;
 
-  std::vector<strings::ustring8> m_languages;
+  language_list m_languages;
   data_map m_data;
   strings::ustring8 m_base_directory;
   strings::ustring8 m_catalog_id;
