@@ -2,16 +2,15 @@
 // documents promise stays true.
 //
 // A document holds two kinds of fenced blocks that matter here:
-//   - a data file: a block whose info string carries file=NAME (```xml file=shop.xmc); it is
-//     written under NAME for every check that follows it, a later block of the same name
-//     replacing it;
+//   - a data file: a block whose info string carries file=NAME (```xml file=shop.xmc); every
+//     check sees every data file of its document, so names must differ;
 //   - a check: a block whose info string carries the word check. In docs/xmc-format.md it loads
 //     a path for a locale and then renders messages or expects a load error; in
 //     docs/config-format.md it runs a program with a command line, a file name and an
 //     environment and lists the values of keys.
 // Each check is one test case named after its line in the document. It runs in a fresh
 // temporary directory (the working directory for the run, so that paths in messages read as
-// in the document) holding the data files written before it.
+// in the document) holding the data files.
 #include <mota/config/config_manager.hpp>
 #include <mota/config/std_config_dispatch.hpp>
 #include <mota/i18n/message_catalogs.hpp>
@@ -62,17 +61,18 @@ bool labeled(const std::string& line, const std::string& label, std::string& val
   return true;
 }
 
-// The checks of one document, each with the data files defined above it.
+// The checks of one document, each with every data file of the document.
 std::vector<example> examples_of(const std::string& name) {
   const std::string path = std::string(MOTA_DOCS_DIR) + "/" + name;
   std::ifstream in(path);
   std::vector<example> out;
   std::map<std::string, std::string> files;
+  std::string problem;
   std::string line;
   int number = 0;
   while (std::getline(in, line)) {
     ++number;
-    if (line.compare(0, 3, "```") != 0 || trim(line) == "```") continue;
+    if (line.compare(0, 3, "```") != 0) continue;
     const int opened = number;
     std::string file;
     bool check = false;
@@ -90,12 +90,15 @@ std::vector<example> examples_of(const std::string& name) {
       std::string text;
       for (const std::string& l : body)
         text += l + "\n";
-      files[file] = text;
+      if (!files.emplace(file, text).second) problem = "two files named " + file;
     } else if (check) {
-      out.push_back(example{name, opened, files, body, std::string()});
+      out.push_back(example{name, opened, {}, body, std::string()});
     }
   }
-  if (out.empty()) out.push_back(example{name, 0, {}, {}, "no check found in " + path});
+  if (out.empty()) problem = "no check found in " + path;
+  if (!problem.empty()) return {example{name, 0, {}, {}, problem}};
+  for (example& e : out)
+    e.files = files;
   return out;
 }
 
