@@ -139,7 +139,7 @@ void PrintTo(const example& e, std::ostream* out) {
 // --- docs/xmc-format.md ----------------------------------------------------------------------
 
 // A check block reads:
-//   load: PATH              locale: LOCALE          catalog: ID (optional filter)
+//   load: PATH              locale: LOCALE
 //   error: followed by the load's whole message, line for line, to the end of the block; or
 //   message: CATALOG MESSAGE   arguments: NAME=VALUE ...   renders: TEXT (further lines of TEXT
 //   follow until the next message:), as many times as wanted.
@@ -151,7 +151,7 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
   ASSERT_EQ(e.problem, "");
   example_dir dir(e.files);
 
-  std::string path, locale, id, value;
+  std::string path, locale, value;
   struct render {
     std::string catalog, message, arguments, expected;
     bool continued = false;
@@ -166,8 +166,6 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
       path = value;
     } else if (labeled(line, "locale", value)) {
       locale = value;
-    } else if (labeled(line, "catalog", value)) {
-      id = value;
     } else if (labeled(line, "error", value)) {
       expects_error = true;
       error = value;
@@ -191,8 +189,7 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
   ASSERT_TRUE(expects_error || !renders.empty()) << where(e) << ": nothing to check";
 
   mota::i18n::message_catalogs catalogs;
-  const auto result = id.empty() ? catalogs.load(ustring8(path), ustring8(locale))
-                                 : catalogs.load(ustring8(path), ustring8(locale), ustring8(id));
+  const auto result = catalogs.load(ustring8(path), ustring8(locale));
   if (expects_error) {
     EXPECT_NE(result.type, mota::i18n::message_catalogs::no_error) << where(e);
     // A blank line that closes the expected text belongs to the layout, not to the message.
