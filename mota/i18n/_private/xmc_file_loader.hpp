@@ -3,7 +3,8 @@
 // Reads one XMC message-catalog file, follows its includes, keeps the catalog sections whose
 // language suits the requested locale and picks, message by message, the best language
 // variant. message_catalogs merges the result with combine_data. The class is exported
-// because message_catalogs' result type and the loader's own tests use it directly.
+// because the installed message_catalogs.hpp includes this header and names load_error in
+// its result type; its private members are not.
 //
 //   xmc_file_loader loader;
 //   xmc_file_loader::load_error e = loader.parse("app.xmc", "de_DE");
@@ -135,14 +136,17 @@ class MOTA_API xmc_file_loader {
  private:
   friend class xmc_token_reader;
 
+  // The private members serve only the library's own token reader, so the shared library
+  // keeps them to itself.
+
   // set_message for a message the caller no longer needs.
-  void store_message(message_t&& message, const strings::ustring8& catalog);
+  MOTA_HIDDEN void store_message(message_t&& message, const strings::ustring8& catalog);
   // Records that the file being read includes one whose include height is `height`.
-  void note_included_height(unsigned int height);
+  MOTA_HIDDEN void note_included_height(unsigned int height);
 
   // A file being read: its identity and the deepest nesting of includes found below it so
   // far (0 for a file that includes nothing).
-  struct open_file {
+  struct MOTA_HIDDEN open_file {
     strings::ustring8 identity;
     unsigned int height;
   };
