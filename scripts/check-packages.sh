@@ -41,6 +41,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
+for tool in cpack dpkg-deb dpkg-shlibdeps lintian readelf; do
+  command -v "$tool" > /dev/null || fail "$tool is missing (scripts/install-deps.sh package)"
+done
 for p in "${packages[@]}"; do
   if dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
     fail "$p is installed already; remove it first, so that the check installs what it built"
@@ -100,7 +103,10 @@ fi
 echo "none"
 
 step "lintian"
-lintian_out=$(lintian --tag-display-limit 0 "${deb[@]}" 2>&1 || true)
+lintian_rc=0
+lintian_out=$(lintian --tag-display-limit 0 "${deb[@]}" 2>&1) || lintian_rc=$?
+# 1 means tags of error severity (counted below); more means lintian itself failed.
+[ $lintian_rc -le 1 ] || { echo "$lintian_out"; fail "lintian failed (status $lintian_rc)"; }
 echo "${lintian_out:-(no tags)}"
 errors=$(grep -c '^E: ' <<<"$lintian_out" || true)
 warnings=$(grep -c '^W: ' <<<"$lintian_out" || true)

@@ -24,7 +24,7 @@ function(mota_consumer_test name with standard)
     COMMAND "${CMAKE_CTEST_COMMAND}"
       --build-and-test "${PROJECT_SOURCE_DIR}/examples/consumer" "${MOTA_CONSUMER_BUILDS}/${name}"
       --build-generator "${CMAKE_GENERATOR}"
-      --build-options "-DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}" "-DCMAKE_BUILD_TYPE=Release"
+      --build-options "-DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}"
                       "-DMOTA_CONSUMER_STANDARD=${standard}" "-DMOTA_CONSUMER_WITH=${with}" ${ARGN}
       --test-command consumer)
 endfunction()
