@@ -1,8 +1,8 @@
 // Not part of the public interface.
 //
 // The formatters behind i18n::format_value. The shared library does not export them; their
-// tests reach them through the static archive of the library's objects. `format` here is a bare specification: key, 0x01, value, 0x01,
-// key, 0x01, value ... (no argument name in front).
+// tests reach them through the static archive of the library's objects. `format` here is a
+// bare format: key, 0x01, value, 0x01, key, 0x01, value ... (no argument name in front).
 //
 // Layout choices:
 // - format_int: "hex", "oct" and "bin" select radix 16, 8 and 2 and write the prefixes "0x",
@@ -50,12 +50,12 @@ strings::ustring8 format_double(double value, const strings::ustring8& format);
 strings::ustring8 format_duration(double seconds, const strings::ustring8& format);
 
 // The number text of a memory amount; the unit text ("B", "KB", ...) goes to `unit`.
-strings::ustring8 format_memory(const types::variant& value,
-                                         const strings::ustring8& format, strings::ustring8& unit);
+strings::ustring8 format_memory(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit);
 
 // The number text of a metric amount; the SI prefix (short or long) goes to `unit`.
-strings::ustring8 format_metric(const types::variant& value,
-                                         const strings::ustring8& format, strings::ustring8& unit);
+strings::ustring8 format_metric(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit);
 
 // The power of 1000 an SI prefix stands for: 0 for "" and any leading part of "base", -2 for
 // "mc", the single letters k M G T P E Z Y m n p f a; -1000 for anything else.
