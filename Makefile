@@ -3,7 +3,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 20
 
 .PHONY: all deps build test hostile test-i386 test-sanitize test-optimized build-clang coverage \
-	bench bench-build fuzz fuzz-run consumer demo install docs clean format
+	bench bench-build fuzz fuzz-run consumer demo install docs package check-packages clean format
 
 all: build
 
@@ -77,14 +77,32 @@ fuzz: deps
 fuzz-run: fuzz
 	bash scripts/run-fuzz.sh build/fuzz $(FUZZ_SECONDS)
 
+# examples/consumer built against a scratch install (find_package and pkg-config, C++17 and
+# C++20) and with the sources as a subdirectory; `make test` runs these too.
 consumer: build
-	bash scripts/check-consumer.sh build/dev
+	ctest --preset dev -L consumer
 
 demo: build
 	bash scripts/demo.sh build/dev
 
-install: build
-	cmake --install build/dev
+# The optimized build, without tests, into CMAKE_INSTALL_PREFIX (/usr/local unless given).
+install: deps
+	cmake --preset release $(if $(PREFIX),-DCMAKE_INSTALL_PREFIX=$(PREFIX))
+	cmake --build --preset release -j $(JOBS)
+	cmake --install build/release
+
+# Debian packages libmota2.18, libmota-dev and mota-tools in build/package/packages/.
+package: deps
+	bash scripts/install-deps.sh package
+	cmake --preset package
+	cmake --build --preset package -j $(JOBS)
+	cpack --preset package
+
+# Builds the packages, checks their contents and lintian's verdict, installs them, builds a
+# consumer against them and removes them again. Needs root (or sudo) for apt-get.
+check-packages: deps
+	bash scripts/install-deps.sh package
+	bash scripts/check-packages.sh build/package
 
 # The API reference of the public headers, in build/docs/html. Fails, listing them, on any
 # Doxygen warning: an undocumented public name or a broken comment.

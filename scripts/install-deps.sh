@@ -1,22 +1,26 @@
 #!/usr/bin/env bash
 # Installs, with apt-get, what one kind of work needs and the machine does not have yet:
 #
-#   install-deps.sh [build] [bench] [fuzz] [clang] [format] [coverage] [docs]
+#   install-deps.sh [build] [bench] [fuzz] [clang] [format] [coverage] [docs] [package]
 #
 # build (the default) is what the library, the tool and the tests need; the others add the
-# benchmark peers, clang for the fuzz targets or the clang warning build, clang-format, gcovr,
-# doxygen for the API reference.
+# benchmark peers, clang for the fuzz targets or the clang warning build, clang-format (and
+# git, whose file list it formats), gcovr, doxygen for the API reference, and what building and
+# checking the Debian packages needs. clang's runtime headers also let the ordinary build replay
+# the fuzz targets that read their input through FuzzedDataProvider; without them those
+# replays are left out.
 # Safe to run again: with everything present it changes nothing.
 set -euo pipefail
 
 declare -A group=(
-  [build]="cmake g++ make pkg-config git libboost-filesystem-dev libboost-system-dev libboost-dev libgtest-dev libgmock-dev googletest"
+  [build]="cmake g++ make pkg-config libboost-filesystem-dev libboost-system-dev libboost-dev libgtest-dev libgmock-dev googletest"
   [bench]="libbenchmark-dev libicu-dev libexpat1-dev libpugixml-dev"
   [fuzz]="clang libclang-rt-14-dev"
-  [clang]="clang"
-  [format]="clang-format"
+  [clang]="clang libclang-rt-14-dev"
+  [format]="clang-format git"
   [coverage]="gcovr"
   [docs]="doxygen"
+  [package]="dpkg-dev file lintian"
 )
 
 wanted=("$@")

@@ -3,6 +3,14 @@
 
 #include <iostream>
 
+#if defined(MOTA_CONSUMER_STANDARD)
+#if MOTA_CONSUMER_STANDARD == 17
+static_assert(__cplusplus == 201703L, "compiled as another standard than C++17");
+#elif MOTA_CONSUMER_STANDARD == 20
+static_assert(__cplusplus == 202002L, "compiled as another standard than C++20");
+#endif
+#endif
+
 int main() {
   namespace strings = mota::strings;
 

@@ -24,7 +24,8 @@ class MOTA_API member_function_t<Class, R(Args...)> : public function_type_inter
   using interface_type = function_type_interface<R(Args...)>;
   using method_type = R (Class::*)(Args...);
 
-  member_function_t(Class* object, method_type method) : m_object(object), m_method(method) {}
+  member_function_t(Class* bound_object, method_type bound_method)
+      : m_object(bound_object), m_method(bound_method) {}
   member_function_t(const member_function_t&) = default;
   member_function_t& operator=(const member_function_t&) = default;
   ~member_function_t() override = default;

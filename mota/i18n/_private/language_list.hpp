@@ -21,7 +21,7 @@ namespace MOTA_2_18 {
 namespace i18n {
 namespace _private {
 
-class MOTA_API language_list {
+class language_list {
  public:
   // What happens when both variants weigh the same.
   enum class on_tie { keep_stored, take_new };

@@ -1,8 +1,8 @@
 // Not part of the public interface.
 //
-// The formatters behind i18n::format_value. They are exported because the message code and
-// its tests call them directly. `format` here is a bare specification: key, 0x01, value, 0x01,
-// key, 0x01, value ... (no argument name in front).
+// The formatters behind i18n::format_value. The shared library does not export them; their
+// tests reach them through the static archive of the library's objects. `format` here is a
+// bare format: key, 0x01, value, 0x01, key, 0x01, value ... (no argument name in front).
 //
 // Layout choices:
 // - format_int: "hex", "oct" and "bin" select radix 16, 8 and 2 and write the prefixes "0x",
@@ -26,7 +26,6 @@
 #ifndef MOTA_I18N_PRIVATE_VALUE_FORMATTERS_HPP
 #define MOTA_I18N_PRIVATE_VALUE_FORMATTERS_HPP
 
-#include <mota/export.hpp>
 #include <mota/strings/ustring.hpp>
 #include <mota/types/variant.hpp>
 
@@ -37,34 +36,34 @@ namespace i18n {
 namespace _private {
 
 // The integer with radix, grouping and padding as described above.
-MOTA_API strings::ustring8 format_int(long long value, const strings::ustring8& format);
+strings::ustring8 format_int(long long value, const strings::ustring8& format);
 
 // Fixed-point text with "precision" fraction digits (default 2). Without "fieldsize" the text
 // is as wide as it needs; with a field size N it is right-aligned in N columns, switching to
 // the exponent form when the fixed form is wider than N and cut to N characters when even
 // that is wider.
-MOTA_API strings::ustring8 format_double(double value, const strings::ustring8& format);
+strings::ustring8 format_double(double value, const strings::ustring8& format);
 
 // Days, hours and minutes (from the largest non-zero part down) followed by the seconds,
 // written with format_double at the precision given by "prec". "short_form" = "true" writes
 // "d ", "h ", "m ", "s"; otherwise " dy ", " hr ", " min ", " sec".
-MOTA_API strings::ustring8 format_duration(double seconds, const strings::ustring8& format);
+strings::ustring8 format_duration(double seconds, const strings::ustring8& format);
 
 // The number text of a memory amount; the unit text ("B", "KB", ...) goes to `unit`.
-MOTA_API strings::ustring8 format_memory(const types::variant& value,
-                                         const strings::ustring8& format, strings::ustring8& unit);
+strings::ustring8 format_memory(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit);
 
 // The number text of a metric amount; the SI prefix (short or long) goes to `unit`.
-MOTA_API strings::ustring8 format_metric(const types::variant& value,
-                                         const strings::ustring8& format, strings::ustring8& unit);
+strings::ustring8 format_metric(const types::variant& value, const strings::ustring8& format,
+                                strings::ustring8& unit);
 
 // The power of 1000 an SI prefix stands for: 0 for "" and any leading part of "base", -2 for
 // "mc", the single letters k M G T P E Z Y m n p f a; -1000 for anything else.
-MOTA_API int thousands(const strings::ustring8& prefix);
+int thousands(const strings::ustring8& prefix);
 
 // The power of 1024 of a memory unit: 0 for "B", 1..8 for "KB" .. "YB" (only the first two
 // bytes are looked at); -1 for anything else.
-MOTA_API int mem_prefix_index(const strings::ustring8& unit);
+int mem_prefix_index(const strings::ustring8& unit);
 
 // The same formatters over a specification held anywhere (not exported; format_value uses
 // them to avoid copying the format text out of the item's text).

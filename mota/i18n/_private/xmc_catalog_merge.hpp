@@ -17,13 +17,11 @@ namespace _private {
 // the catalog already holds a message of that name whose locale weighs strictly more in
 // `languages` (so a later load replaces an equal one). Storing clears the catalog's language
 // set, as catalog_t::message does.
-MOTA_API void merge_catalogs(const xmc_file_loader::data_map& loaded,
-                             xmc_file_loader::catalog_map& catalogs,
-                             const language_list& languages);
+void merge_catalogs(const xmc_file_loader::data_map& loaded, xmc_file_loader::catalog_map& catalogs,
+                    const language_list& languages);
 // The same, moving the messages out of `loaded`, which is left empty.
-MOTA_API void merge_catalogs(xmc_file_loader::data_map&& loaded,
-                             xmc_file_loader::catalog_map& catalogs,
-                             const language_list& languages);
+void merge_catalogs(xmc_file_loader::data_map&& loaded, xmc_file_loader::catalog_map& catalogs,
+                    const language_list& languages);
 
 }  // namespace _private
 }  // namespace i18n

@@ -3,7 +3,8 @@
 // Reads one XMC message-catalog file, follows its includes, keeps the catalog sections whose
 // language suits the requested locale and picks, message by message, the best language
 // variant. message_catalogs merges the result with combine_data. The class is exported
-// because message_catalogs' result type and the loader's own tests use it directly.
+// because the installed message_catalogs.hpp includes this header and names load_error in
+// its result type; its private members are not.
 //
 //   xmc_file_loader loader;
 //   xmc_file_loader::load_error e = loader.parse("app.xmc", "de_DE");
@@ -139,17 +140,20 @@ class MOTA_API xmc_file_loader {
   const strings::ustring8& base_directory() const { return m_base_directory; }
 
  private:
+  // The private members serve only the loader itself, so the shared library keeps them to
+  // itself.
+
   // The document after the XML scan: the header, then the root's catalog sections and
   // includes up to the root's end tag. Throws load_error.
-  void read_document(xmc_cursor& at);
+  MOTA_HIDDEN void read_document(xmc_cursor& at);
   // An "include" element: each "file" attribute names a file read at once.
-  void read_include(xmc_cursor& at);
+  MOTA_HIDDEN void read_include(xmc_cursor& at);
   // Records that the file being read includes one whose include height is `height`.
-  void note_included_height(unsigned int height);
+  MOTA_HIDDEN void note_included_height(unsigned int height);
 
   // A file being read: its identity and the deepest nesting of includes found below it so
   // far (0 for a file that includes nothing).
-  struct open_file {
+  struct MOTA_HIDDEN open_file {
     strings::ustring8 identity;
     unsigned int height;
   };

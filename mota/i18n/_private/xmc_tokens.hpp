@@ -34,7 +34,7 @@ struct xmc_token {
   std::uint32_t offset;
 };
 
-class MOTA_API xmc_token_buffer {
+class xmc_token_buffer {
  public:
   xmc_token_buffer();
   ~xmc_token_buffer();
