@@ -1,4 +1,3 @@
-#include <mota/config/commandline_item.hpp>
 #include <mota/config/file_item.hpp>
 #include <mota/config/user_item.hpp>
 
@@ -7,7 +6,6 @@
 
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -107,6 +105,8 @@ TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
   write(path, "c = 3\n");
   item.load();
   EXPECT_EQ("c=0:3\n", render(item));
+  const std::unique_ptr<file_item> copy(item.clone());
+  EXPECT_EQ("c=0:3\n", render(*copy));
   item.unload();
   EXPECT_EQ("", render(item));
 
@@ -167,143 +167,4 @@ TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
   items.emplace_back(unnamed);
   unnamed->load(items);
   EXPECT_EQ("from=0:raw\n", render(*unnamed));
-}
-
-namespace {
-
-// Saves the item to a file and returns the item read back from it.
-file_item saved_and_loaded(const file_item& item) {
-  EXPECT_TRUE(item.save_file());
-  file_item reread(item.get_filename());
-  EXPECT_TRUE(reread.load_file());
-  return reread;
-}
-
-// Each hostile text with what a save and a load give back: itself when the file can carry it,
-// otherwise the least changed text ("<none>": the key is not written).
-const std::vector<std::pair<std::string, std::string>> hostile_texts = {
-    {"\"start", "\\\"start"},
-    {"mid\"dle", "mid\\\"dle"},
-    {"end\"", "end\\\""},
-    {"\"", "\\\""},
-    {"\"\"", "\\\"\\\""},
-    {"esc\\\"aped", "esc\\\"aped"},
-    {"x \\\\\" y", "x \\\\\" y"},  // the backslash before an escaped quote stands alone
-    {"trail \\", "trail \\"},
-    {" blank ", " blank "},
-    {"a\tb", "a\tb"},
-    {"line\nbreak\r\n", "line\nbreak\r\n"},
-    {"a\rb", "a\rb"},
-    {"#hash", "#hash"},
-    {"a//b */", "a//b */"},
-    {"a=b", "a=b"},
-    {"a,b", "a,b"},
-    {"[x]", "[x]"},
-    {"[]", "[]"},
-    {"", "<none>"},
-};
-
-}  // namespace
-
-TEST(ConfigFileItem, SaveCarriesHostileValuesAndNeverTouchesOtherKeys) {
-  mota_test::temp_dir dir;
-  file_item item(dir / "values.cfg");
-  mota::generic::varg_list list;
-  for (std::size_t i = 0; i < hostile_texts.size(); ++i) {
-    const std::string n = std::to_string(i);
-    item.set("v" + n, variant(ustring8(hostile_texts[i].first)), 0u);
-    item.set("v" + n + "_next", variant(ustring8("next" + n)), 0u);
-    list.push_back(mota::generic::argument(variant(ustring8(hostile_texts[i].first))));
-  }
-  item.set_array("list", mota::generic::varg_list(), list);
-  item.set("list_next", variant(ustring8("after list")), 0u);
-
-  const file_item reread = saved_and_loaded(item);
-  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
-  ASSERT_TRUE(reread.get_array("list", elements));
-  std::size_t element = 0;
-  for (std::size_t i = 0; i < hostile_texts.size(); ++i) {
-    const std::string n = std::to_string(i);
-    const std::string& want = hostile_texts[i].second;
-    const auto* value = reread.get_value("v" + n);
-    EXPECT_EQ(want, value == nullptr ? "<none>" : std::string(value->second.as_string())) << n;
-    const auto* next = reread.get_value("v" + n + "_next");
-    EXPECT_TRUE(next != nullptr && next->second.as_string() == "next" + n) << n;
-    if (want == "<none>") continue;  // an empty element is not kept either
-    ASSERT_LT(element, elements.size());
-    EXPECT_EQ(std::to_string(element), elements[element].first);
-    EXPECT_EQ(want, elements[element].second.second.as_string()) << n;
-    ++element;
-  }
-  EXPECT_EQ(element, elements.size());
-  ASSERT_NE(nullptr, reread.get_value("list_next"));
-  EXPECT_EQ("after list", reread.get_value("list_next")->second.as_string());
-  EXPECT_EQ(2 * hostile_texts.size() + 1 + element, reread.get_tree().size());
-
-  // The same texts as keys, inside a section and at the top level.
-  file_item keys(dir / "keys.cfg");
-  for (std::size_t i = 0; i < hostile_texts.size(); ++i) {
-    keys.set("s." + hostile_texts[i].first, variant(ustring8("s" + std::to_string(i))), 0u);
-    keys.set(hostile_texts[i].first, variant(ustring8("t" + std::to_string(i))), 0u);
-  }
-  for (const char* odd : {"k-", "k+", ".lead", "trail.", "a..b", "x[]", "x[].y", "k:=", "k-="})
-    keys.set(odd, variant(ustring8(odd)), 0u);
-  const file_item keys_back = saved_and_loaded(keys);
-  // An empty key is not stored at all; a key ending in "[]" would be read back as an array.
-  std::size_t written = 0;
-  for (std::size_t i = 0; i < hostile_texts.size(); ++i) {
-    const std::string& text = hostile_texts[i].first;
-    const std::string want = text.empty() ? text : hostile_texts[i].second;
-    const bool array_like = text.size() >= 2 && text.compare(text.size() - 2, 2, "[]") == 0;
-    const std::string n = std::to_string(i);
-    for (const auto& [key, value] : {std::pair(want, "t" + n), std::pair("s." + want, "s" + n)}) {
-      const auto* node = keys_back.get_value(key);
-      if (array_like || key.empty()) {
-        EXPECT_EQ(nullptr, node) << key;
-        continue;
-      }
-      EXPECT_TRUE(node != nullptr && node->second.as_string() == value) << key;
-      ++written;
-    }
-  }
-  EXPECT_EQ(nullptr, keys_back.get_value("x[]"));  // read back as an array: not written
-  for (const char* odd : {"k-", "k+", ".lead", "trail.", "a..b", "x[].y", "k:=", "k-="}) {
-    const auto* value = keys_back.get_value(odd);
-    EXPECT_TRUE(value != nullptr && value->second.as_string() == odd) << odd;
-  }
-  EXPECT_EQ(written + 8, keys_back.get_tree().size());
-}
-
-// Keys of 200000 dotted pieces, the deepest a file or command line makes cheaply: every
-// operation on them must stay flat (no recursion per piece).
-TEST(ConfigFileItem, DeepKeys) {
-  std::string key = "a";
-  for (int i = 1; i < 200000; ++i)
-    key += ".a";
-  mota_test::temp_dir dir;
-  file_item item(dir / "deep.cfg");
-  item.parse(key + " = 1\n[" + key + "]\nx[] = p, q\n");
-  item.set(key + ".a", variant(ustring8("set")), 0u);
-  ASSERT_NE(nullptr, item.get_value(key));
-  EXPECT_EQ("1", item.get_value(key)->second.as_string());
-  std::vector<std::pair<ustring8, variant>> elements;
-  EXPECT_TRUE(item.get_value_pair_array(key + ".x", elements));
-  EXPECT_EQ(2u, elements.size());
-
-  std::ostringstream dump;
-  item.dump(dump);
-  EXPECT_NE(std::string::npos, dump.str().find(key + ".a|\t\tset\n"));
-
-  const std::string argument = "-" + key + "=v";
-  const char* const argv[] = {"prog", argument.c_str(), nullptr};
-  mota::config::commandline_item line(2, argv);
-  line.load();
-  ASSERT_NE(nullptr, line.get_value(key));
-  EXPECT_EQ("v", line.get_value(key)->second.as_string());
-
-  std::unique_ptr<file_item> copy(item.clone());
-  const file_item reread = saved_and_loaded(*copy);
-  EXPECT_EQ(render(item), render(reread));
-  item.unload();
-  EXPECT_TRUE(item.get_tree().empty());
 }

@@ -4,16 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <typeinfo>
 #include <vector>
 
-using mota::generic::varg_list;
 using mota::i18n::catalog_t;
 using mota::i18n::message_item;
 using mota::i18n::message_t;
@@ -62,30 +57,19 @@ load_error parse_en(xmc_file_loader& loader, const std::string& body) {
 
 }  // namespace
 
-// The other kinds are pinned by the file-driven tests below.
-TEST(XmcLoadError, MessagesOfKindsNoFileYields) {
-  const struct {
-    int kind;
-    const char* detail;
-    std::string expected;
-  } cases[] = {
-      {1, "f.xmc", kPrefix + "No catalog was loaded in file: \"f.xmc\""},
-      {99, "x", std::string("< ") + typeid(xmc_file_loader::error_type).name() + " value of 99 >"},
-  };
-  for (const auto& c : cases) {
-    load_error e(static_cast<xmc_file_loader::error_type>(c.kind), c.detail);
-    EXPECT_EQ(c.kind, e.type);
-    EXPECT_EQ(c.expected, e.message);
-  }
-}
-
-// The known context lines are pinned by EveryErrorKindFromAFile.
-TEST(XmcLoadError, UnknownContextKindIsWorded) {
+// The other kinds and context lines are worded by the file-driven tests below. Values outside
+// the enumerations are named by type and value.
+TEST(XmcLoadError, TextsNoFileYieldsAndUnknownValues) {
+  EXPECT_EQ(kPrefix + "No catalog was loaded in file: \"f.xmc\"",
+            load_error(xmc_file_loader::no_catalog_loaded, "f.xmc").message);
+  const std::string unknown = load_error(static_cast<xmc_file_loader::error_type>(99), "").message;
+  EXPECT_EQ(0u, unknown.find("< "));
+  EXPECT_NE(std::string::npos, unknown.find(" value of 99 >"));
   load_error e(xmc_file_loader::no_error, "");
   e.append_error_stack(static_cast<load_error::append_type>(9), "ignored");
-  EXPECT_EQ(kPrefix + "No Error< " + typeid(load_error::append_type).name() +
-                " value of 9 >\n unknown, or unhandle case happened!",
-            e.message);
+  EXPECT_EQ(0u, e.message.find(kPrefix + "No Error< "));
+  EXPECT_NE(std::string::npos,
+            e.message.find(" value of 9 >\n unknown, or unhandle case happened!"));
 }
 
 TEST(XmcLoader, LanguageListAndWeights) {
@@ -170,10 +154,7 @@ TEST(XmcLoader, ArgumentTypesAndFormatAttributes) {
   const struct {
     const char* type;
     int expected;
-  } cases[] = {{"date", 6},     {"duration", 11},   {"memory", 7}, {"mem", 7},
-               {"mem_unit", 8}, {"memory_unit", 8}, {"metric", 9}, {"metric_unit", 10},
-               {"number", 2},   {"int", 3},         {"INT", 3},    {"double", 4},
-               {"string", 1},   {"time", 5},        {"value", 0},  {"whatever", 1}};
+  } cases[] = {{"date", 6}, {"INT", 3}, {"value", 0}, {"whatever", 1}};  // names in any case
   for (const auto& c : cases) {
     xmc_file_loader loader;
     const std::string arg = std::string("<arg name=\"a\" type=\"") + c.type + "\"/>";
@@ -337,15 +318,8 @@ TEST(XmcLoader, ParseErrorMessages) {
 
 TEST(XmcLoader, IncludeCyclesEndWithAnError) {
   const std::string dir = data_dir() + "cycle/";
-  xmc_file_loader self;
-  load_error e = self.parse(dir + "self.xmc", "en");
-  EXPECT_EQ(14, e.type);
-  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + in_file(dir + "self.xmc") +
-                in_file(dir + "self.xmc"),
-            e.message);
-
   xmc_file_loader pair;
-  e = pair.parse(dir + "a.xmc", "en");
+  load_error e = pair.parse(dir + "a.xmc", "en");
   EXPECT_EQ(14, e.type);
   EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + in_file(dir + "a.xmc") +
                 in_file(dir + "b.xmc") + in_file(dir + "a.xmc"),
@@ -371,60 +345,6 @@ TEST(XmcLoader, IncludeDepthIsBounded) {
   EXPECT_EQ(0, shallow.parse(tmp / ("f" + std::to_string(files - 10) + ".xmc"), "en").type);
 }
 
-// Writes <prefix><first>.xmc .. <prefix><last>.xmc into `dir`, each including the next one
-// `times` times (the last one includes `tail`, if any). File i holds message m<i> of catalog
-// c before its includes and message "first" after them, both with the text <prefix><i>.
-void write_chain(const std::string& dir, const std::string& prefix, int first, int last, int times,
-                 const std::string& tail) {
-  for (int i = first; i <= last; ++i) {
-    const std::string name = prefix + std::to_string(i);
-    const std::string next = i < last ? prefix + std::to_string(i + 1) + ".xmc" : tail;
-    std::string includes;
-    for (int k = 0; k < times && !next.empty(); ++k)
-      includes += "<include file=\"" + next + "\"/>";
-    std::ofstream(dir + "/" + name + ".xmc")
-        << xmc("<catalog name=\"c\" lang=\"en\"><msg name=\"m" + std::to_string(i) + "\">" + name +
-               "</msg></catalog>" + includes +
-               "<catalog name=\"c\" lang=\"en\"><msg name=\"first\">" + name + "</msg></catalog>");
-  }
-}
-
-TEST(XmcLoader, DiamondIncludesAreReadOnce) {
-  // 30 levels, each file including the next twice: 2^30 paths, 30 files.
-  mota_test::temp_dir tmp;
-  write_chain(tmp.str(), "f", 0, 29, 2, "");
-  xmc_file_loader loader;
-  ASSERT_EQ(0, loader.parse(tmp / "f0.xmc", "en").type);
-  ASSERT_EQ(1u, loader.data().size());
-  EXPECT_EQ(31u, loader.data().at("c").size());
-  varg_list none;
-  EXPECT_EQ("f0", loaded(loader, "c", "m0").as_string(none));
-  EXPECT_EQ("f29", loaded(loader, "c", "m29").as_string(none));
-  // the first of equal weight wins: the deepest file's variant was met first
-  EXPECT_EQ("f29", loaded(loader, "c", "first").as_string(none));
-
-  // A file met again is skipped only where its own includes stay within the depth bound:
-  // s0 includes 10 levels below it; read first at depth 1 it loads, met again below 25 more
-  // levels the bound is hit and reported exactly as a fresh read would report it.
-  write_chain(tmp.str(), "s", 0, 10, 1, "");
-  write_chain(tmp.str(), "d", 1, 25, 1, "s0.xmc");
-  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"s0.xmc\"/><include file=\"d1.xmc\"/>");
-  xmc_file_loader deep;
-  load_error e = deep.parse(tmp / "top.xmc", "en");
-  EXPECT_EQ(14, e.type);
-  std::string trail;
-  for (int i = 6; i >= 0; --i)
-    trail += in_file(tmp / ("s" + std::to_string(i) + ".xmc"));
-  for (int i = 25; i >= 1; --i)
-    trail += in_file(tmp / ("d" + std::to_string(i) + ".xmc"));
-  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + trail + in_file(tmp / "top.xmc"),
-            e.message);
-  // 5 levels less stay within the bound
-  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"s0.xmc\"/><include file=\"d6.xmc\"/>");
-  xmc_file_loader shallow;
-  EXPECT_EQ(0, shallow.parse(tmp / "top.xmc", "en").type);
-}
-
 TEST(XmcLoader, ALinkToAFileReadBeforeIsStillRefused) {
   mota_test::temp_dir tmp;
   std::ofstream(tmp / "x.xmc") << xmc(
@@ -436,20 +356,6 @@ TEST(XmcLoader, ALinkToAFileReadBeforeIsStillRefused) {
   load_error e = loader.parse(tmp / "top.xmc", "en");
   EXPECT_EQ(3, e.type);
   EXPECT_EQ(kPrefix + "File \"" + tmp / "link.xmc" + "\" was not found on disk" +
-                in_file(tmp / "top.xmc"),
-            e.message);
-}
-
-TEST(XmcLoader, AnIncludedFifoIsNotFoundAndNeverWaitedOn) {
-  mota_test::temp_dir tmp;
-  ASSERT_EQ(0, ::mkfifo((tmp / "pipe.xmc").c_str(), 0600));
-  std::ofstream(tmp / "top.xmc") << xmc("<include file=\"pipe.xmc\"/>");
-  xmc_file_loader loader;
-  ::alarm(10);  // a blocking open ends the test run instead of stalling it
-  load_error e = loader.parse(tmp / "top.xmc", "en");
-  ::alarm(0);
-  EXPECT_EQ(3, e.type);
-  EXPECT_EQ(kPrefix + "File \"" + tmp / "pipe.xmc" + "\" was not found on disk" +
                 in_file(tmp / "top.xmc"),
             e.message);
 }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <string>
 
 namespace s = mota::strings;
@@ -17,18 +16,6 @@ TEST(Case, MapsSingleUnitLettersOnly) {
   EXPECT_EQ((s::ustring16{0x61, 0x7A, 0x141, 0xFF41}), s::to_lower(upper16));
   EXPECT_EQ((s::ustring16{0x41, 0x5A, 0x141, 0xFF41}),
             s::to_upper(s::ustring16{0x61, 0x7A, 0x141, 0xFF41}));
-}
-
-TEST(Case, WideElementsGoToTheCLibraryAsTheirValue) {
-  // Negative elements down to -128 lie in the C library's table like signed chars do.
-  for (int v : {-128, -61, -2, -1, -129, 0x41, 0x61, 0xFF, 0x100}) {
-    const s::ustring32 one(1, static_cast<wchar_t>(v));
-    const int low = (v >= -128 && v <= 255) ? std::tolower(v) : v;
-    const int up = (v >= -128 && v <= 255) ? std::toupper(v) : v;
-    EXPECT_EQ(low, static_cast<int>(s::to_lower(one)[0])) << v;
-    EXPECT_EQ(up, static_cast<int>(s::to_upper(one)[0])) << v;
-    EXPECT_EQ(low, static_cast<int>(s::lower_case(one, 0, 1)[0])) << v;
-  }
 }
 
 TEST(Case, LowerCaseMapsOnlyTheGivenRange) {

@@ -49,7 +49,7 @@ TEST(CodePage, SystemNamesFollowTheTable) {
 
 TEST(CodePage, RejectsCodesOutsideTheTable) {
   const code_page page;
-  for (std::int32_t c : {0, 5, 931, 1249, 1259, 20865, 28590, 28600, 28604, 28606, 125101, -1}) {
+  for (std::int32_t c : {0, 5, 931, 1259, 28606, 125101, -1}) {
     SCOPED_TRACE(c);
     expect_invalid_code([&] { page.to_system_type(code(c)); }, "to_system_type");
   }
@@ -130,19 +130,6 @@ TEST(CodePage, WideForms) {
   EXPECT_EQ(pair, utf8.as_utf16("\xF0\x9F\x98\x80"));
   // Text the UTF-16 reader rejects arrives as its "-1" marker.
   EXPECT_EQ("-1", utf8.encode(strings::ustring16{0xDC00}));
-}
-
-TEST(CodePage, LongInputsGrowTheOutput) {
-  // Each byte becomes three, and every undecodable byte must still turn into exactly one "?".
-  std::string input;
-  std::string expected;
-  for (int i = 0; i < 5000; ++i) {
-    input += (i % 7 == 0) ? "\x81" : "\x80";  // 0x81 is unassigned in CP1252
-    expected += (i % 7 == 0) ? "?" : "\xE2\x82\xAC";
-  }
-  EXPECT_EQ(expected, code_page(code_page::windows_1252).as_utf8(input));
-  const std::string utf8(3000, '\xFF');
-  EXPECT_EQ(std::string(3000, '?'), code_page(code_page::gbk).encode(strings::ustring8(utf8)));
 }
 
 TEST(Ansi, UsesTheProcessCharacterSet) {

@@ -29,17 +29,3 @@ TEST(ReplaceAll, ReplacesLeftToRightWithoutRescanningReplacements) {
     EXPECT_EQ(c.result, u8);
   }
 }
-
-TEST(ReplaceAll, WideOverloads) {
-  std::wstring w =
-      L"a\x20AC"
-      L"b\x20AC";
-  EXPECT_EQ(2, s::replace_all(w, std::wstring(L"\x20AC"), std::wstring(L"EUR")));
-  EXPECT_EQ(L"aEURbEUR", w);
-  s::ustring32 u32 = L"aa";
-  EXPECT_EQ(2, s::replace_all(u32, s::ustring32(L"a"), s::ustring32(L"ba")));
-  EXPECT_EQ(s::ustring32(L"baba"), u32);
-  s::ustring16 u16{1, 2, 1};
-  EXPECT_EQ(2, s::replace_all(u16, s::ustring16{1}, s::ustring16{7, 7}));
-  EXPECT_EQ((s::ustring16{7, 7, 2, 7, 7}), u16);
-}

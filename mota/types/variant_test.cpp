@@ -32,14 +32,6 @@ ustring16 u16(const char* ascii) {
   return out;
 }
 
-template <class S>
-S widened(const std::string& ascii) {
-  S out;
-  for (char c : ascii)
-    out.push_back(static_cast<typename S::value_type>(c));
-  return out;
-}
-
 std::string streamed(const variant& v) {
   std::ostringstream os;
   os << v;
@@ -125,22 +117,11 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
       {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
       {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
        4000000000u, true, 4e9},
-      {"ull max", variant(u64max), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true,
-       18446744073709551616.0},
-      {"uchar 200", variant(static_cast<unsigned char>(200)), 200, 200, -56, 200, 200, 200, 200,
-       200, true, 200.0},
       {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
        -2.9},
-      {"long double -1e4", variant(-1e4L), -10000, -10000, -16, -10000, 240, 55536, 4294957296u,
-       u64max - 9999, true, -1e4},
       // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
       {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
-      {"text 0x1F", variant("0x1F"), 31, 31, 31, 31, 31, 31, 31, 31, true, 0.0},
-      {"text 017", variant(std::string("017")), 15, 15, 15, 15, 15, 15, 15, 15, true, 17.0},
-      {"text abc", variant("abc"), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
-      {"wstring 70000", variant(std::wstring(L"70000")), 70000, 32767, 127, 70000, 255, 65535,
-       70000, 70000, true, 70000.0},
   };
   for (const row& r : rows) {
     SCOPED_TRACE(r.label);
@@ -214,105 +195,6 @@ TEST(Variant, FloatingBeyondTheRangeConvertsLikeTheProcessor) {
     EXPECT_EQ(r.u32, v.as_uint32());
     EXPECT_EQ(r.i64, v.as_int64());
     EXPECT_EQ(r.u64, v.as_uint64());
-  }
-}
-
-TEST(Variant, UnsignedAliasesReadThroughSignedSlots) {
-  const variant big(4000000000u);
-  EXPECT_EQ(4000000000u, big.as_uint());
-  EXPECT_EQ(4000000000u, big.as_unsigned());
-  EXPECT_EQ(-294967296, big.as_signed());
-  // Held text shows the routing: the signed parsers saturate where the unsigned ones would not.
-  const variant text("4000000000");
-  EXPECT_EQ(4000000000u, text.as_uint32());
-  EXPECT_EQ(2147483647u, text.as_uint());
-  EXPECT_EQ(2147483647u, text.as_unsigned());
-  EXPECT_EQ(2147483647u, text.as_ulong());
-  EXPECT_EQ(32767, variant("70000").as_ushort());
-  EXPECT_EQ(65535, variant("70000").as_uint16());
-  const variant minus("-1");
-  EXPECT_EQ(4294967295u, minus.as_uint());
-  EXPECT_EQ(4294967295u, minus.as_ulong());
-  EXPECT_EQ(65535, minus.as_ushort());
-  EXPECT_EQ(0u, minus.as_uint32());
-}
-
-TEST(Variant, TextOfEveryHeldKind) {
-  struct row {
-    variant value;
-    std::string text;
-  };
-  const row rows[] = {
-      {variant(), ""},
-      {variant(true), "1"},
-      {variant(false), "0"},
-      {variant(static_cast<signed char>(65)), "65"},
-      {variant(std::numeric_limits<int>::min()), "-2147483648"},
-      {variant(std::numeric_limits<unsigned long long>::max()), "18446744073709551615"},
-      {variant(1234567.0f), "1.23457e+06"},
-      {variant(100.0), "100"},
-      {variant("abc"), "abc"},
-      {variant(u16("abc")), "abc"},
-      {variant(L"abc"), "abc"},
-      {variant(std::wstring(L"abc")), "abc"},
-  };
-  for (const row& r : rows) {
-    SCOPED_TRACE(r.text + " held as " + r.value.type().name());
-    EXPECT_EQ(r.text, r.value.as_string());
-    EXPECT_EQ(r.text, r.value.as_ustring());
-    EXPECT_EQ(r.text, r.value.as_utf8());
-    EXPECT_EQ(widened<std::wstring>(r.text), r.value.as_wstring());
-    EXPECT_EQ(widened<ustring16>(r.text), r.value.as_utf16());
-    EXPECT_EQ(widened<ustring32>(r.text), r.value.as_utf32());
-  }
-}
-
-TEST(Variant, UnicodeTextConvertsBetweenEncodings) {
-  const std::string utf8 = "\xF0\x9F\x98\x80\xC3\xA9";  // U+1F600 U+00E9
-  const ustring16 utf16{0xD83D, 0xDE00, 0xE9};
-  const std::wstring utf32{L'\U0001F600', L'\u00E9'};
-  // UTF-32 text goes to UTF-16 directly, through that conversion's own high-surrogate rule
-  // (0xD800 + (code point >> 10)); every other route yields the standard pair.
-  const ustring16 direct{0xD87D, 0xDE00, 0xE9};
-  struct row {
-    variant value;
-    const ustring16& as_utf16;
-  };
-  const row rows[] = {{variant(ustring8(utf8)), utf16},
-                      {variant(utf8), utf16},
-                      {variant(utf16), utf16},
-                      {variant(ustring32(utf32)), direct},
-                      {variant(utf32), direct}};
-  for (const row& r : rows) {
-    const variant& v = r.value;
-    SCOPED_TRACE(v.type().name());
-    EXPECT_EQ(utf8, v.as_string());
-    EXPECT_EQ(utf8, v.as_ustring());
-    EXPECT_EQ(utf8, v.as_utf8());
-    EXPECT_EQ(r.as_utf16, v.as_utf16());
-    EXPECT_EQ(utf32, v.as_utf32());
-    EXPECT_EQ(utf32, v.as_wstring());
-  }
-  // A lone surrogate cannot be converted and reads as the conversion's failure text.
-  const variant broken(ustring16{0xD83D});
-  EXPECT_EQ("-1", broken.as_string());
-  EXPECT_EQ(ustring16{0xD83D}, broken.as_utf16());
-}
-
-TEST(Variant, NarrowTextToBoolean) {
-  struct row {
-    const char* text;
-    bool expected;
-  };
-  const row rows[] = {{"Yes", true},  {"ON", true},    {"True", true},  {"2", true},
-                      {"0x10", true}, {"  7", true},   {"0", false},    {"off", false},
-                      {"", false},    {" yes", false}, {"yes ", false}, {"y", false}};
-  for (const row& r : rows) {
-    EXPECT_EQ(r.expected, variant(r.text).as_bool()) << r.text;
-    EXPECT_EQ(r.expected, variant(std::string(r.text)).as_bool()) << r.text;
-    EXPECT_EQ(r.expected, variant(u16(r.text)).as_bool()) << r.text;
-    EXPECT_EQ(r.expected, variant(widened<std::wstring>(r.text)).as_bool()) << r.text;
-    EXPECT_EQ(r.expected, variant(widened<ustring32>(r.text)).as_bool()) << r.text;
   }
 }
 
@@ -392,8 +274,4 @@ TEST(Variant, CloneIsAnIndependentOwnedCopy) {
   EXPECT_EQ("abc", copy->as_string());
   mota::memory::pointers::rc_pointer<variant_type> owner(copy);  // frees the copy
   EXPECT_EQ(1, copy->reference_count());
-}
-
-TEST(Variant, HandleIsOnePointer) {
-  EXPECT_EQ(sizeof(void*), sizeof(variant));
 }

@@ -5,7 +5,7 @@
 
 #include <mota_test.hpp>
 
-#include <cstring>
+#include <cctype>
 #include <limits>
 #include <string>
 
@@ -99,82 +99,6 @@ TEST(StrToInt, WideCharactersOutsideAsciiEndTheNumber) {
   // A wide blank beyond the byte range is not skipped.
   const unsigned short nbsp[] = {0x3000, '4', 0};
   EXPECT_EQ(0, convert::str_to_int(nbsp, 0, radix_t::decimal, false));
-}
-
-namespace {
-
-// A decimal text plus one.
-std::string increment(std::string digits) {
-  for (auto i = digits.size(); i-- > 0;) {
-    if (digits[i] != '9') {
-      ++digits[i];
-      return digits;
-    }
-    digits[i] = '0';
-  }
-  return "1" + digits;
-}
-
-// The four boundary texts of T in decimal: maximum, one past it, minimum, one below it.
-template <typename T>
-struct bounds {
-  std::string max = std::to_string(std::numeric_limits<T>::max());
-  std::string above = increment(max);
-  std::string min = std::to_string(std::numeric_limits<T>::min());
-  std::string below = min == "0" ? "-1" : "-" + increment(min.substr(1));
-};
-
-template <typename T, typename F>
-void expect_signed_limits(F parse) {
-  bounds<T> b;
-  SCOPED_TRACE(b.max);
-  constexpr T hi = std::numeric_limits<T>::max();
-  constexpr T lo = std::numeric_limits<T>::min();
-  EXPECT_EQ(hi, parse(b.max.c_str(), 0, radix_t::decimal, true));
-  EXPECT_EQ(hi, parse(b.above.c_str(), 0, radix_t::decimal, false));
-  EXPECT_EQ(hi, parse((b.above + "999").c_str(), 0, radix_t::decimal, false));
-  EXPECT_EQ(lo, parse(b.min.c_str(), 0, radix_t::decimal, true));
-  EXPECT_EQ(lo, parse(b.below.c_str(), 0, radix_t::decimal, false));
-  EXPECT_THROWS(parse(b.above.c_str(), 0, radix_t::decimal, true), ex::overflow_error,
-                "Number value is to large", "strtointx");
-  EXPECT_THROWS(parse(b.below.c_str(), 0, radix_t::decimal, true), ex::underflow_error,
-                "Number value is to small", "strtointx");
-}
-
-template <typename T, typename F>
-void expect_unsigned_limits(F parse) {
-  bounds<T> b;
-  SCOPED_TRACE(b.max);
-  constexpr T hi = std::numeric_limits<T>::max();
-  EXPECT_EQ(hi, parse(b.max.c_str(), b.max.size(), radix_t::decimal, true));
-  EXPECT_EQ(hi, parse(b.above.c_str(), b.above.size(), radix_t::decimal, false));
-  EXPECT_THROWS(parse(b.above.c_str(), b.above.size(), radix_t::decimal, true), ex::overflow_error,
-                "Number value is to large", "strtouintx");
-  const std::string minus_above = "-" + b.above;
-  EXPECT_EQ(T(0), parse(minus_above.c_str(), minus_above.size(), radix_t::decimal, false));
-  EXPECT_THROWS(parse(minus_above.c_str(), minus_above.size(), radix_t::decimal, true),
-                ex::underflow_error, "Number value is to small", "strtouintx");
-}
-
-}  // namespace
-
-#define MOTA_PARSER(name) \
-  [](const char* t, unsigned int s, radix_t::base r, bool f) { return convert::name(t, s, r, f); }
-
-TEST(StrToInt, ClampsAndThrowsAtEveryWidth) {
-  expect_signed_limits<signed char>(MOTA_PARSER(str_to_int8));
-  expect_signed_limits<short>(MOTA_PARSER(str_to_short));
-  expect_signed_limits<short>(MOTA_PARSER(str_to_int16));
-  expect_signed_limits<int>(MOTA_PARSER(str_to_int));
-  expect_signed_limits<int>(MOTA_PARSER(str_to_signed));
-  expect_signed_limits<std::int32_t>(MOTA_PARSER(str_to_int32));
-  expect_signed_limits<std::int32_t>(MOTA_PARSER(str_to_long));
-  expect_signed_limits<long long>(MOTA_PARSER(str_to_int64));
-  expect_unsigned_limits<unsigned char>(MOTA_PARSER(str_to_uint8));
-  expect_unsigned_limits<unsigned short>(MOTA_PARSER(str_to_uint16));
-  expect_unsigned_limits<unsigned int>(MOTA_PARSER(str_to_unsigned));
-  expect_unsigned_limits<std::uint32_t>(MOTA_PARSER(str_to_uint32));
-  expect_unsigned_limits<unsigned long long>(MOTA_PARSER(str_to_uint64));
 }
 
 TEST(StrToInt, LimitsInOtherRadixes) {
