@@ -8,8 +8,10 @@
 # and holds one path per line, fields separated by tabs:
 #   label  our-benchmark  peer-benchmark  goal  [counter]
 # Times are compared by CPU time (the machine may be shared, which inflates wall time more);
-# with a fifth field the named counter is compared instead (peak memory, for example). Lines
-# starting with "#" and empty lines are skipped. A ratio above its goal is marked "OVER".
+# with a fifth field that column of the results is compared instead: a counter (peak memory,
+# for example) or real_time (for paths whose work is mostly done by the kernel, where the CPU
+# time the process is charged says little). Lines starting with "#" and empty lines are
+# skipped. A ratio above its goal is marked "OVER".
 # Environment: BENCH_REPETITIONS (default 9), BENCH_FILTER (a --benchmark_filter regex).
 set -euo pipefail
 dir=${1:-build/bench}
@@ -72,7 +74,7 @@ for ratios in "$here"/bench/*.ratios; do
         next
       }
       a = value[ours, column]; b = value[peer, column]
-      if (counter == "") { a *= scale(unit[ours]); b *= scale(unit[peer]); u = "ns" } else u = ""
+      if (column ~ /_time$/) { a *= scale(unit[ours]); b *= scale(unit[peer]); u = "ns" } else u = ""
       ratio = b > 0 ? a / b : 0
       mark = ratio > goal + 0 ? "OVER" : ""
       printf "%-48s %12.4g%-2s %12.4g%-2s %8.3f %6s  %s\n", label, a, u, b, u, ratio, goal, mark
