@@ -7,13 +7,22 @@
 #include <boost/date_time/gregorian/gregorian_types.hpp>
 #include <boost/filesystem/string_file.hpp>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
+
+// The walked tree: 10000 files, each in one of 50 directories two levels down.
+constexpr int kWalkDirectories = 50;
+constexpr int kWalkFilesPerDirectory = 200;
+constexpr int kWalkFiles = kWalkDirectories * kWalkFilesPerDirectory;
 
 // A scratch tree under the temporary directory, made once per process.
 struct scratch {
@@ -26,10 +35,10 @@ struct scratch {
     std::filesystem::create_directories(root);
     file = (root / "one_mib.bin").string();
     std::ofstream(file, std::ios::binary) << std::string(1 << 20, 'x');
-    for (int d = 0; d < 20; ++d) {
+    for (int d = 0; d < kWalkDirectories; ++d) {
       const auto dir = root / "tree" / ("d" + std::to_string(d)) / "inner";
       std::filesystem::create_directories(dir);
-      for (int f = 0; f < 50; ++f)
+      for (int f = 0; f < kWalkFilesPerDirectory; ++f)
         std::ofstream((dir / ("f" + std::to_string(f))).string()) << f;
     }
   }
@@ -53,6 +62,23 @@ void load_mota(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * (1 << 20));
 }
 BENCHMARK(load_mota);
+
+// The plain way: read() in 64 KiB pieces onto the end of a reused string until the end.
+void load_read_loop(benchmark::State& state) {
+  std::string content;
+  std::vector<char> chunk(1 << 16);
+  for (auto _ : state) {
+    content.clear();
+    const int fd = ::open(files().file.c_str(), O_RDONLY | O_CLOEXEC);
+    ssize_t got = 0;
+    while ((got = ::read(fd, chunk.data(), chunk.size())) > 0)
+      content.append(chunk.data(), static_cast<std::size_t>(got));
+    ::close(fd);
+    benchmark::DoNotOptimize(content.data());
+  }
+  state.SetBytesProcessed(state.iterations() * (1 << 20));
+}
+BENCHMARK(load_read_loop);
 
 void load_std_stringstream(benchmark::State& state) {
   for (auto _ : state) {
@@ -83,7 +109,7 @@ void walk_mota(benchmark::State& state) {
     mota::system::get_directory_files(tree, found);
     benchmark::DoNotOptimize(found.data());
   }
-  state.SetItemsProcessed(state.iterations() * 1000);
+  state.SetItemsProcessed(state.iterations() * kWalkFiles);
 }
 BENCHMARK(walk_mota);
 
@@ -95,42 +121,78 @@ void walk_std_filesystem(benchmark::State& state) {
       if (entry.is_regular_file()) found.push_back(entry.path().string());
     benchmark::DoNotOptimize(found.data());
   }
-  state.SetItemsProcessed(state.iterations() * 1000);
+  state.SetItemsProcessed(state.iterations() * kWalkFiles);
 }
 BENCHMARK(walk_std_filesystem);
 
-void add_day_mota(benchmark::State& state) {
-  mota::system::date_time::date d(1, 1, 2000);
-  const mota::system::date_time::date_duration one(1);
-  for (auto _ : state) {
-    d += one;
-    benchmark::DoNotOptimize(d);
-  }
-}
-BENCHMARK(add_day_mota);
+// Dates: a date moved by N days, N changing on every pass over a range of eleven years, and
+// the difference of two dates in days. Boost keeps a day number, mota the day, month and year.
+constexpr int kDateCount = 64;
 
-void add_day_boost(benchmark::State& state) {
-  boost::gregorian::date d(2000, 1, 1);
-  const boost::gregorian::days one(1);
-  for (auto _ : state) {
-    d += one;
-    if (d.year() > 9000) d = boost::gregorian::date(2000, 1, 1);  // stay inside its range
-    benchmark::DoNotOptimize(d);
-  }
+const std::vector<mota::system::date_time::date>& mota_dates() {
+  static const std::vector<mota::system::date_time::date> dates = [] {
+    std::vector<mota::system::date_time::date> out;
+    for (int i = 0; i < kDateCount; ++i)
+      out.emplace_back(1u + (i * 7u) % 28u, 1u + i % 12u, 1990u + (i * 13u) % 40u);
+    return out;
+  }();
+  return dates;
 }
-BENCHMARK(add_day_boost);
 
-// Boost keeps a day number; reading the fields back is the part that matches mota's work.
-void add_day_boost_with_fields(benchmark::State& state) {
-  boost::gregorian::date d(2000, 1, 1);
-  const boost::gregorian::days one(1);
+const std::vector<boost::gregorian::date>& boost_dates() {
+  static const std::vector<boost::gregorian::date> dates = [] {
+    std::vector<boost::gregorian::date> out;
+    for (const auto& d : mota_dates())
+      out.emplace_back(d.year(), d.month(), d.day());
+    return out;
+  }();
+  return dates;
+}
+
+void BM_DatePlusDays_Mota(benchmark::State& state) {
+  const auto& dates = mota_dates();
+  unsigned n = 0;
   for (auto _ : state) {
-    d += one;
-    if (d.year() > 9000) d = boost::gregorian::date(2000, 1, 1);
-    const auto fields = d.year_month_day();
-    benchmark::DoNotOptimize(fields);
+    mota::system::date_time::date d(dates[n % kDateCount]);
+    d += mota::system::date_time::date_duration(static_cast<int>(n & 4095u));
+    benchmark::DoNotOptimize(d);
+    ++n;
   }
 }
-BENCHMARK(add_day_boost_with_fields);
+BENCHMARK(BM_DatePlusDays_Mota);
+
+void BM_DatePlusDays_BoostGregorian(benchmark::State& state) {
+  const auto& dates = boost_dates();
+  unsigned n = 0;
+  for (auto _ : state) {
+    boost::gregorian::date d = dates[n % kDateCount] + boost::gregorian::days(n & 4095u);
+    benchmark::DoNotOptimize(d);
+    ++n;
+  }
+}
+BENCHMARK(BM_DatePlusDays_BoostGregorian);
+
+void BM_DateDifference_Mota(benchmark::State& state) {
+  const auto& dates = mota_dates();
+  unsigned n = 0;
+  for (auto _ : state) {
+    const int days = static_cast<int>(dates[n % kDateCount].pJulian_day_number() -
+                                      dates[(n + 1) % kDateCount].pJulian_day_number());
+    benchmark::DoNotOptimize(days);
+    ++n;
+  }
+}
+BENCHMARK(BM_DateDifference_Mota);
+
+void BM_DateDifference_BoostGregorian(benchmark::State& state) {
+  const auto& dates = boost_dates();
+  unsigned n = 0;
+  for (auto _ : state) {
+    const auto days = (dates[n % kDateCount] - dates[(n + 1) % kDateCount]).days();
+    benchmark::DoNotOptimize(days);
+    ++n;
+  }
+}
+BENCHMARK(BM_DateDifference_BoostGregorian);
 
 }  // namespace

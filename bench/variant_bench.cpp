@@ -59,6 +59,28 @@ void BM_CopyStdVariantInt(benchmark::State& state) {
 }
 BENCHMARK(BM_CopyStdVariantInt);
 
+// A variant made from an int and dropped again, beside a standard variant of the usual
+// alternatives; the value changes on every pass so that neither is folded away.
+void BM_VariantFromInt(benchmark::State& state) {
+  int value = 0;
+  for (auto _ : state) {
+    variant v(value);
+    benchmark::DoNotOptimize(v);
+    ++value;
+  }
+}
+BENCHMARK(BM_VariantFromInt);
+
+void BM_StdVariantFromInt(benchmark::State& state) {
+  int value = 0;
+  for (auto _ : state) {
+    std_variant v(value);
+    benchmark::DoNotOptimize(v);
+    ++value;
+  }
+}
+BENCHMARK(BM_StdVariantFromInt);
+
 void BM_VariantAsIntOfText(benchmark::State& state) {
   const variant source("1234567");
   for (auto _ : state)

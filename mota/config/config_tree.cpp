@@ -29,7 +29,8 @@ const config_tree::node_t* config_tree::get_node(const std::string& key) const {
 }
 
 void config_tree::set_node(std::string key, const types::variant& value, unsigned flags) {
-  const auto placed = m_nodes.try_emplace(std::move(key));
+  // A new node is built with its value; an existing one takes the new value below.
+  const auto placed = m_nodes.try_emplace(std::move(key), flags, value);
   entry& e = placed.first->second;
   const bool was_array = !placed.second && is_array(e.node.first);
   e.node.first = flags;
@@ -74,7 +75,8 @@ void config_tree::adopt_children(const std::string& key, entry& array) {
 
 void config_tree::set_array(const std::string& key,
                             const std::vector<std::pair<std::string, types::variant>>& elements) {
-  const auto placed = m_nodes.try_emplace(key);
+  // The array's own value is set once its elements are in.
+  const auto placed = m_nodes.try_emplace(key, array_flags, types::variant(0u));
   if (placed.second) note_in_parent(key);
   entry& array = placed.first->second;
   // Drop the elements of the array stored here before, so no stale element survives.
@@ -91,9 +93,12 @@ void config_tree::set_array(const std::string& key,
     std::string name = elements[i].first.empty() ? std::to_string(i) : elements[i].first;
     element_key.resize(base);
     element_key += name;
-    entry& e = m_nodes[element_key];
-    e.node = node_t(0u, elements[i].second);
-    e.elements.clear();
+    const auto element = m_nodes.try_emplace(element_key, 0u, elements[i].second);
+    if (!element.second) {
+      entry& e = element.first->second;
+      e.node = node_t(0u, elements[i].second);
+      e.elements.clear();
+    }
     names.push_back(std::move(name));
   }
   // Map insertions do not move entries, so `array` is still the array's node.

@@ -92,6 +92,7 @@ class MOTA_API config_tree {
 
  private:
   struct entry {
+    entry(unsigned flags, const types::variant& value) : node(flags, value) {}
     node_t node;
     std::vector<std::string> elements;  // element names of an array node, in order
   };

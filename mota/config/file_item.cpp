@@ -14,17 +14,21 @@ namespace {
 
 using T = config_token;
 
+// Reads tokens as spans of the text: the parser appends token texts straight from the source.
 struct lexer {
   const char* data;
   std::uint32_t size;
   unsigned pos = 0;
-  config_token tok;
+  _private::token_span span{};
 
   explicit lexer(const std::string& text)
       : data(text.data()),
         size(text.size() > UINT32_MAX ? UINT32_MAX : static_cast<std::uint32_t>(text.size())) {}
 
-  int next() { return _private::lex_token(data, size, pos, tok); }
+  int next() { return _private::scan_token(data, size, pos, span); }
+
+  // Appends the current token's text to `out`.
+  void append_text(std::string& out) const { out.append(data + span.text_start, span.text_size); }
 
   // Consumes a comment up to the line feed (left for the caller) or the end.
   int skip_comment() {
@@ -32,7 +36,7 @@ struct lexer {
       const int kind = next();
       if (kind == T::T_END) return kind;
       if (kind == T::T_NEWLINE) {
-        pos = tok.start;
+        pos = span.start;
         return kind;
       }
     }
@@ -102,11 +106,20 @@ bool file_item::load_file() {
 }
 
 int file_item::parse_comment(const strings::ustring8& text, unsigned& position, config_token& tok) {
-  lexer lex(text);
-  lex.pos = position;
-  const int kind = lex.skip_comment();
-  position = lex.pos;
-  tok = lex.tok;
+  const std::uint32_t size =
+      text.size() > UINT32_MAX ? UINT32_MAX : static_cast<std::uint32_t>(text.size());
+  // The caller's token receives the last token read, as a fresh record would hold it.
+  config_token read;
+  int kind;
+  for (;;) {
+    kind = _private::lex_token(text.data(), size, position, read);
+    if (kind == T::T_END) break;
+    if (kind == T::T_NEWLINE) {
+      position = read.start;
+      break;
+    }
+  }
+  tok = read;
   return kind;
 }
 
@@ -132,7 +145,7 @@ void file_item::parse(const strings::ustring8& text) {
       for (;;) {
         kind = lex.next();
         if (kind == T::T_END || kind == T::T_EBRACKET) break;
-        if (!is_blank(kind)) section += lex.tok.text;
+        if (!is_blank(kind)) lex.append_text(section);
       }
       prefix = section.empty() ? std::string() : section + ".";
       if (kind == T::T_END) return;
@@ -142,7 +155,7 @@ void file_item::parse(const strings::ustring8& text) {
     // A key: every token text up to "=", blanks and line ends contributing nothing.
     key.clear();
     while (kind != T::T_EQ) {
-      if (!is_blank(kind)) key += lex.tok.text;
+      if (!is_blank(kind)) lex.append_text(key);
       kind = lex.next();
       if (kind == T::T_END) return;  // a key without "=" stores nothing
     }
@@ -158,7 +171,7 @@ void file_item::parse(const strings::ustring8& text) {
           lex.skip_comment();
           continue;
         }
-        value += lex.tok.text;
+        lex.append_text(value);
       }
       if (!value.empty() && !(prefix.empty() && key.empty()))
         m_tree.set_node(prefix + key, types::variant(value), 0u);
@@ -186,12 +199,12 @@ void file_item::parse(const strings::ustring8& text) {
         lex.skip_comment();
         continue;
       }
-      if (kind == T::T_NON_ALPHA_NUM && lex.tok.text.size() == 1 && lex.tok.text[0] == ',') {
+      if (kind == T::T_NON_ALPHA_NUM && lex.data[lex.span.start] == ',') {
         flush();
         after_text = false;
         continue;
       }
-      element += lex.tok.text;
+      lex.append_text(element);
       after_text = true;
     }
     flush();

@@ -1,9 +1,11 @@
 #include <mota/types/variant.hpp>
 
+#include <mota/types/_private/value_pool.hpp>
 #include <mota/types/variant_value.hpp>
 
 #include <ostream>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 namespace MOTA_2_18 {
@@ -11,19 +13,26 @@ namespace types {
 
 namespace {
 
-// Builds a value object on the heap and marks it owned by its pointers once it is complete;
-// if building throws, nothing is left allocated.
-template <class T, class A>
-variant_type* make_value(A&& value) {
-  auto* object = new variant_value_t<T>(std::forward<A>(value));
+// Builds a value object and marks it owned by its pointers once it is complete; if building
+// throws, nothing is left allocated. Small values are built straight in a block of the calling
+// thread's pool (their construction cannot throw); variant_type's operator delete gives the
+// block back, as it does for every object of that size.
+template <class T, class... A>
+variant_type* make_value(A&&... value) {
+  variant_value_t<T>* object;
+  if constexpr (sizeof(variant_value_t<T>) <= _private::pooled_value_size) {
+    static_assert(std::is_nothrow_constructible_v<variant_value_t<T>, A&&...>,
+                  "a pooled block would leak if building its value threw");
+    object = new (_private::take_value_block()) variant_value_t<T>(std::forward<A>(value)...);
+  } else {
+    object = new variant_value_t<T>(std::forward<A>(value)...);
+  }
   object->delete_on_zero(true);
   return object;
 }
 
 variant_type* make_nil() {
-  auto* object = new variant_value_t<nil_t>();
-  object->delete_on_zero(true);
-  return object;
+  return make_value<nil_t>();
 }
 
 // Text constructors refuse a null pointer the way the standard string constructor used to.

@@ -1,5 +1,7 @@
 #include <mota/types/variant_value.hpp>
 
+#include <mota/types/_private/value_pool.hpp>
+
 #include <mota/generic/convert/_private/decimal_length.hpp>
 #include <mota/generic/convert/str_to_bool.hpp>
 #include <mota/generic/convert/str_to_float.hpp>
@@ -13,6 +15,7 @@
 #include <climits>
 #include <cstddef>
 #include <limits>
+#include <new>
 #include <ostream>
 #include <sstream>
 #include <type_traits>
@@ -277,12 +280,19 @@ std::ostream& write(std::ostream& os, T const& value) {
 
 }  // namespace
 
-template <class T>
-variant_value_t<T>::variant_value_t() : m_value() {}
-template <class T>
-variant_value_t<T>::variant_value_t(T const& value) : m_value(value) {}
-template <class T>
-variant_value_t<T>::variant_value_t(T&& value) : m_value(std::move(value)) {}
+// The storage of every value object, defined beside the value objects' destructors so that
+// releasing a small value is inlined into them.
+void* variant_type::operator new(std::size_t size) {
+  return size <= _private::pooled_value_size ? _private::take_value_block() : ::operator new(size);
+}
+
+void variant_type::operator delete(void* object, std::size_t size) noexcept {
+  if (size <= _private::pooled_value_size)
+    _private::give_value_block(object);
+  else
+    ::operator delete(object);
+}
+
 template <class T>
 variant_value_t<T>::variant_value_t(variant_value_t const& other)
     : variant_type(other), m_value(other.m_value) {}

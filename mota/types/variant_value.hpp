@@ -15,6 +15,8 @@
 #include <mota/types/variant_type.hpp>
 
 #include <string>
+#include <type_traits>
+#include <utility>
 
 namespace MOTA_2_18 {
 namespace types {
@@ -28,9 +30,11 @@ class MOTA_API variant_value_t final : public variant_type {
 
   //@{
   // A default-constructed T, a copy of (or the moved) `value`, or a copy of the other's value.
-  variant_value_t();
-  explicit variant_value_t(T const& value);
-  explicit variant_value_t(T&& value);
+  variant_value_t() noexcept(std::is_nothrow_default_constructible_v<T>) : m_value() {}
+  explicit variant_value_t(T const& value) noexcept(std::is_nothrow_copy_constructible_v<T>)
+      : m_value(value) {}
+  explicit variant_value_t(T&& value) noexcept(std::is_nothrow_move_constructible_v<T>)
+      : m_value(std::move(value)) {}
   variant_value_t(variant_value_t const& other);
   //@}
   ~variant_value_t() override;

@@ -24,11 +24,24 @@ inline bool is_digit(unsigned char c) {
   return static_cast<unsigned char>(c - '0') < 10;
 }
 
-// Reads one token of data[0, size) at pos; see base_config_item::get_token.
-inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config_token& tok) {
+// Where a token lies in the text: its bytes [start, end) and the bytes of its text
+// [text_start, text_start + text_size). The text is always a piece of the source: a string's
+// lies between its quotes, and a carriage return and line feed pair's is the line feed.
+struct token_span {
+  std::uint32_t start;
+  std::uint32_t end;
+  std::uint32_t text_start;
+  std::uint32_t text_size;
+  config_token::tok_types type;
+};
+
+// Reads one token of data[0, size) at pos, advances pos past it and returns its kind (T_FSFS for
+// "*/", whose type is 24). At the end only the type is set (T_END); a run of blanks sets no text.
+// See base_config_item::get_token.
+inline int scan_token(const char* data, std::uint32_t size, unsigned& pos, token_span& span) {
   using T = config_token;
   if (pos >= size) {
-    tok.type = T::T_END;
+    span.type = T::T_END;
     return T::T_END;
   }
   const unsigned first = pos;
@@ -37,9 +50,9 @@ inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config
     ++p;
   if (p != first) {
     pos = p;
-    tok.start = first;
-    tok.end = p;
-    tok.type = T::T_SPACE;
+    span.start = first;
+    span.end = p;
+    span.type = T::T_SPACE;
     return T::T_SPACE;
   }
 
@@ -49,7 +62,10 @@ inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config
   T::tok_types type = T::T_NON_ALPHA_NUM;
   int result = -1;
   unsigned length = 1;
-  bool literal = true;  // the text is the bytes [p, p + length)
+  // The text is the token's bytes, except for a string and a carriage return pair.
+  bool text_is_token = true;
+  unsigned text_start = p;
+  unsigned text_size = 0;
 
   // Single byte operators, or the two byte form when the next byte is '='.
   auto with_eq = [&](T::tok_types single, T::tok_types double_form) {
@@ -72,8 +88,9 @@ inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config
       if (next == '\n') {
         type = T::T_NEWLINE;
         length = 2;
-        literal = false;
-        tok.text.assign(1, '\n');
+        text_is_token = false;
+        text_start = p + 1;
+        text_size = 1;
       } else {
         type = T::T_UNKNOWN;
       }
@@ -129,13 +146,13 @@ inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config
     case '"': {
       // A string runs to the next unescaped quote or the end of the text; backslashes are
       // kept together with the byte they escape.
-      literal = false;
       type = T::T_STRING;
+      text_is_token = false;
       unsigned q = p + 1;
-      const unsigned body = q;
+      text_start = q;
       while (q < size && data[q] != '"')
         q += (data[q] == '\\' && q + 1 < size) ? 2 : 1;
-      tok.text.assign(data + body, q - body);
+      text_size = q - text_start;
       length = (q < size ? q + 1 : size) - p;
       break;
     }
@@ -153,12 +170,26 @@ inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config
       break;
     }
   }
-  if (literal) tok.text.assign(data + p, length);
   pos = p + length;
-  tok.start = p;
-  tok.end = pos;
-  tok.type = type;
+  span.start = p;
+  span.end = pos;
+  span.type = type;
+  span.text_start = text_start;
+  span.text_size = text_is_token ? length : text_size;
   return result < 0 ? static_cast<int>(type) : result;
+}
+
+// scan_token, filling a token record: its text is copied, except at the end and for blanks,
+// which leave the previous text in place.
+inline int lex_token(const char* data, std::uint32_t size, unsigned& pos, config_token& tok) {
+  token_span span;
+  const int kind = scan_token(data, size, pos, span);
+  tok.type = span.type;
+  if (kind == config_token::T_END) return kind;
+  tok.start = span.start;
+  tok.end = span.end;
+  if (kind != config_token::T_SPACE) tok.text.assign(data + span.text_start, span.text_size);
+  return kind;
 }
 
 }  // namespace _private

@@ -2,6 +2,7 @@
 
 #include <mota/exceptions/_private/throw.hpp>
 #include <mota/system/date_time/_private/clock.hpp>
+#include <mota/system/date_time/_private/day_number.hpp>
 
 namespace MOTA_2_18 {
 namespace system {
@@ -38,52 +39,6 @@ std::uint32_t month_limit(std::uint32_t month, std::uint32_t year) {
 std::uint32_t clip(std::uint32_t day, std::uint32_t month, std::uint32_t year) {
   const std::uint32_t limit = month_limit(month, year);
   return day < limit ? day : (limit == 32 ? day : limit);
-}
-
-// The year is counted from March, so that the leap day falls at its end.
-std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
-  const bool early = month == 1 || month == 2;
-  const std::uint32_t y = early ? year - 1u : year;
-  const std::uint32_t m = (early ? month + 12u : month) - 3u;
-  std::uint32_t n = day + 365u * y + y / 4u - y / 100u + y / 400u + 61u * (m / 2u);
-  if (m >= 6u) n += 1u;
-  if (m % 2u == 1u) n += (m / 2u == 3u || m / 2u == 4u) ? 30u : 31u;
-  return n;
-}
-
-struct civil_date {
-  std::uint32_t year, month, day;
-};
-
-civil_date from_day_number(std::uint32_t number) {
-  const std::uint32_t q400 = (number - 1u) / 146097u;
-  const std::uint32_t r = (number - 1u) % 146097u;
-  const std::uint32_t q100 = r / 36524u;
-  const std::uint32_t r100 = r % 36524u;
-  const std::uint32_t q4 = r100 / 1461u;
-  const std::uint32_t r4 = r100 % 1461u;
-  const std::uint32_t q1 = r4 / 365u;
-  const std::uint32_t d = r4 % 365u;
-  // The last day of a four-year (or 400-year) block, 29 February, gives q1 (or q100) of 4 and
-  // comes back as 1 March of the same year; this is intended and kept.
-  const std::uint32_t t = d >= 183u ? d - 1u : d;
-  const std::uint32_t p = t / 61u;
-  const std::uint32_t e = d - 61u * p + (t < 183u ? 1u : 0u);
-  const std::uint32_t first = (p == 3u || p == 4u) ? 30u : 31u;
-  std::uint32_t day;
-  std::uint32_t m;
-  if (e > first) {
-    day = e - first;
-    m = 2u * p + 1u;
-  } else {
-    day = e;
-    m = 2u * p;
-  }
-  civil_date result;
-  result.month = m < 10u ? m + 3u : m - 9u;
-  result.year = 400u * q400 + 100u * q100 + 4u * q4 + q1 + (m >= 10u ? 1u : 0u);
-  result.day = clip(day, result.month, result.year);
-  return result;
 }
 
 }  // namespace
@@ -142,13 +97,13 @@ date& date::assign(const date& other) {
 }
 
 date& date::plus_assign(const date_duration& duration) {
-  pJulian_day_number(day_number(m_year, m_month, m_day) +
+  pJulian_day_number(_private::day_number(m_year, m_month, m_day) +
                      static_cast<std::uint32_t>(duration.days()));
   return *this;
 }
 
 date& date::minus_assign(const date_duration& duration) {
-  const std::uint32_t number = day_number(m_year, m_month, m_day);
+  const std::uint32_t number = _private::day_number(m_year, m_month, m_day);
   if (static_cast<std::int64_t>(number) <= static_cast<std::int64_t>(duration.days()))
     MOTA_THROW(exceptions::out_of_range, "date value out of valid range");
   pJulian_day_number(number - static_cast<std::uint32_t>(duration.days()));
@@ -156,13 +111,13 @@ date& date::minus_assign(const date_duration& duration) {
 }
 
 std::uint32_t date::pJulian_day_number() const {
-  return day_number(m_year, m_month, m_day);
+  return _private::day_number(m_year, m_month, m_day);
 }
 
-// The formulas always give a day of 1 to 31 and a month of 1 to 12, so the fields are stored
-// directly: the setters could not fail.
+// The day number's date always has a month of 1 to 12 and a day within the month, so the fields
+// are stored directly: the setters could not fail and the clip to the month changes nothing.
 void date::pJulian_day_number(std::uint32_t number) {
-  const civil_date result = from_day_number(number);
+  const _private::civil_date result = _private::from_day_number(number);
   m_day = result.day;
   m_month = result.month;
   m_year = result.year;

@@ -1,0 +1,83 @@
+// Not part of the public interface.
+//
+// The continuous day number of the date arithmetic and its inverse, in unsigned 32-bit
+// arithmetic, computed without branches on the date: a month table instead of the per-month
+// formula, and the year, month and day recovered with multiplications and shifts only.
+//
+// The numbering counts years from 1 March, so that 1 March of year 0 is day 1 (1 January 2000
+// is 730426). Its inverse never yields 29 February: that day comes back as 1 March of the same
+// year, so the arithmetic skips it. Both are the behaviour of the date class and are kept.
+#ifndef MOTA_SYSTEM_DATE_TIME_PRIVATE_DAY_NUMBER_HPP
+#define MOTA_SYSTEM_DATE_TIME_PRIVATE_DAY_NUMBER_HPP
+
+#include <cstdint>
+
+namespace MOTA_2_18 {
+namespace system {
+namespace date_time {
+namespace _private {
+
+struct civil_date {
+  std::uint32_t year, month, day;
+};
+
+// The formula itself, for a month outside 1 to 12 (only an unset date has one).
+std::uint32_t day_number_of_any_month(std::uint32_t year, std::uint32_t month, std::uint32_t day);
+
+// Days from 1 March to the first of each month, January and February counted at the end of the
+// year: the values of 61 * (m / 2) + (m >= 6) + (30 or 31 for odd m) with m = 0 for March.
+inline constexpr std::uint32_t days_before_month[13] = {0,   306, 337, 0,   31,  61, 92,
+                                                        122, 153, 184, 214, 245, 275};
+
+inline constexpr std::uint32_t days_in_400_years = 146097;
+
+// The day number of any stored year, month and day (month 0 and day 0 included: an unset date
+// gives whatever the formula gives).
+inline std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
+  if (month - 1u >= 12u) return day_number_of_any_month(year, month, day);
+  const std::uint32_t y = year - (month <= 2u ? 1u : 0u);
+  const std::uint32_t centuries = y / 100u;
+  return day + 365u * y + y / 4u - centuries + centuries / 4u + days_before_month[month];
+}
+
+// The date of a day number: month 1 to 12, day 1 to the month's length, never 29 February.
+inline civil_date from_day_number(std::uint32_t number) {
+  // Day 0 of the count is 1 March of year 0; number 0 wraps to the end of the 32-bit range,
+  // as the formulas do.
+  const std::uint32_t count = number - 1u;
+  const std::uint32_t era = count / days_in_400_years;
+  const std::uint32_t day_of_era = count - era * days_in_400_years;
+
+  // Century and year within the era, and day within the year, by the method of Neri and
+  // Schneider (Euclidean affine functions): each division is by a constant, so a
+  // multiplication.
+  const std::uint32_t n1 = 4u * day_of_era + 3u;
+  const std::uint32_t century = n1 / days_in_400_years;
+  const std::uint32_t day_of_century = (n1 - century * days_in_400_years) / 4u;
+  const std::uint64_t p2 = std::uint64_t(2939745u) * (4u * day_of_century + 3u);
+  const std::uint32_t year_of_century = static_cast<std::uint32_t>(p2 >> 32);
+  const std::uint32_t day_of_year = static_cast<std::uint32_t>(p2) / 2939745u / 4u;
+  // Month (3 to 14, counted from March) and day within it.
+  const std::uint32_t n3 = 2141u * day_of_year + 197913u;
+  const std::uint32_t shifted_month = n3 >> 16;
+  const std::uint32_t day = (n3 & 0xFFFFu) / 2141u + 1u;
+  // 1 for January and February (day of year 306 to 365), without a branch.
+  const std::uint32_t next_year = (day_of_year + 206u) >> 9;
+
+  civil_date result;
+  result.year = 400u * era + 100u * century + year_of_century + next_year;
+  result.month = shifted_month - 12u * next_year;
+  // 29 February comes back as 1 March of the same year.
+  const std::uint32_t leap_day =
+      static_cast<std::uint32_t>(result.month == 2u) & static_cast<std::uint32_t>(day == 29u);
+  result.month += leap_day;
+  result.day = day - 28u * leap_day;
+  return result;
+}
+
+}  // namespace _private
+}  // namespace date_time
+}  // namespace system
+}  // namespace MOTA_2_18
+
+#endif  // MOTA_SYSTEM_DATE_TIME_PRIVATE_DAY_NUMBER_HPP
