@@ -44,12 +44,14 @@ struct lead_t {
 // allows the first one to be read.
 template <typename C>
 inline bool read_lead(const C* text, unsigned int size, unsigned int radix, lead_t& lead) {
-  // The common case first: a decimal digit right at the start, nothing to skip.
-  const std::uint32_t first = static_cast<std::uint32_t>(code(text[0])) - '0';
+  // The common cases first: a decimal digit right at the start, or after a "-", nothing else
+  // to skip.
+  const bool minus = size >= 2 && code(text[0]) == '-';
+  const std::uint32_t first = static_cast<std::uint32_t>(code(text[minus ? 1 : 0])) - '0';
   if (first < 10 && (radix == 10 || (radix == 0 && first != 0))) {
-    lead.start = 0;
+    lead.start = minus ? 1 : 0;
     lead.radix = 10;
-    lead.negative = false;
+    lead.negative = minus;
     return true;
   }
   const unsigned int look = size == 0 ? 1 : size;
