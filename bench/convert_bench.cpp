@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include <iconv.h>
+#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
@@ -301,5 +302,100 @@ BENCHMARK(BM_as_utf8_1252_mota);
 BENCHMARK(BM_as_utf8_1252_iconv);
 BENCHMARK(BM_as_utf8_936_mota);
 BENCHMARK(BM_as_utf8_936_iconv);
+
+// Short strings, 64 bytes each, converted one call per string. The peer keeps one descriptor
+// open for the whole run, resets its state before each string and returns a fresh string, as
+// the library's interface has to.
+
+// Pieces of up to 64 bytes; UTF-8 text is cut only between characters.
+using pieces_t = std::vector<mota::strings::ustring8>;
+pieces_t short_pieces(const std::string& text, bool utf8) {
+  pieces_t pieces;
+  std::size_t at = 0;
+  while (at + 64 <= text.size()) {
+    std::size_t length = 64;
+    while (utf8 && (static_cast<unsigned char>(text[at + length]) & 0xC0) == 0x80)
+      --length;
+    pieces.emplace_back(text.substr(at, length));
+    at += length;
+  }
+  return pieces;
+}
+
+std::string cached_iconv(iconv_t cd, const std::string& input) {
+  iconv(cd, nullptr, nullptr, nullptr, nullptr);
+  std::string out(input.size(), '\0');
+  char* in = const_cast<char*>(input.data());
+  std::size_t in_left = input.size();
+  std::size_t written = 0;
+  while (in_left > 0) {
+    char* o = &out[0] + written;
+    std::size_t o_left = out.size() - written;
+    const std::size_t r = iconv(cd, &in, &in_left, &o, &o_left);
+    written = static_cast<std::size_t>(o - out.data());
+    if (r == static_cast<std::size_t>(-1)) {
+      if (errno != E2BIG) break;
+      out.resize(out.size() + 2 * in_left);
+    }
+  }
+  out.resize(written);
+  return out;
+}
+
+void run_short_pieces(benchmark::State& state, const pieces_t& pieces, bool peer, bool to_utf8,
+                      mota::strings::code_page::encoding_type type, const char* name) {
+  const mota::strings::code_page page(type);
+  iconv_t cd = to_utf8 ? iconv_open("UTF-8", name) : iconv_open(name, "UTF-8");
+  for (auto _ : state) {
+    for (const auto& piece : pieces) {
+      if (peer) {
+        benchmark::DoNotOptimize(cached_iconv(cd, piece));
+      } else if (to_utf8) {
+        benchmark::DoNotOptimize(page.as_utf8(piece));
+      } else {
+        benchmark::DoNotOptimize(page.encode(piece));
+      }
+    }
+  }
+  iconv_close(cd);
+  long long bytes = 0;
+  for (const auto& piece : pieces)
+    bytes += static_cast<long long>(piece.size());
+  state.SetBytesProcessed(state.iterations() * bytes);
+}
+
+const pieces_t& cp1252_pieces() {
+  static const auto pieces = short_pieces(cp1252_text(), false);
+  return pieces;
+}
+// The CP1252 text made UTF-8, for encode.
+const pieces_t& utf8_pieces() {
+  static const auto pieces = [] {
+    const mota::strings::code_page page(mota::strings::code_page::windows_1252);
+    return short_pieces(page.as_utf8(cp1252_text()), true);
+  }();
+  return pieces;
+}
+
+void BM_as_utf8_1252_64_mota(benchmark::State& s) {
+  run_short_pieces(s, cp1252_pieces(), false, true, mota::strings::code_page::windows_1252,
+                   "CP1252");
+}
+void BM_as_utf8_1252_64_iconv_cached(benchmark::State& s) {
+  run_short_pieces(s, cp1252_pieces(), true, true, mota::strings::code_page::windows_1252,
+                   "CP1252");
+}
+void BM_encode_1252_64_mota(benchmark::State& s) {
+  run_short_pieces(s, utf8_pieces(), false, false, mota::strings::code_page::windows_1252,
+                   "CP1252");
+}
+void BM_encode_1252_64_iconv_cached(benchmark::State& s) {
+  run_short_pieces(s, utf8_pieces(), true, false, mota::strings::code_page::windows_1252, "CP1252");
+}
+
+BENCHMARK(BM_as_utf8_1252_64_mota);
+BENCHMARK(BM_as_utf8_1252_64_iconv_cached);
+BENCHMARK(BM_encode_1252_64_mota);
+BENCHMARK(BM_encode_1252_64_iconv_cached);
 
 }  // namespace

@@ -1,7 +1,8 @@
 // Serialize buffers against their lower bounds: the binary encoding against appending the same
 // bytes with memcpy into a std::string, the text encoding against std::to_chars/from_chars of
-// the same values with the same separators. Each run appends one million mixed values (ints,
-// doubles, short strings) and reads them back. The labeled buffer is timed writing and parsing
+// the same values with the same separators. Writing appends one million mixed values (ints,
+// doubles, short strings) to an empty buffer; reading reads them back from a buffer written
+// beforehand. The labeled buffer is timed writing and parsing
 // a tree of 10k labels in three levels.
 #include <mota/serialization/labeled_text_buffer.hpp>
 #include <mota/serialization/serialize_binary_buf.hpp>
@@ -54,20 +55,102 @@ const mixed_values& values() {
 }
 
 // ---------------------------------------------------------------------------------------------
-// Both encodings: the same mixed values appended and read back
+// Writers: the same mixed values appended to an empty buffer
 
 template <class Buffer>
-void BM_Buffer(benchmark::State& state) {
+void write_all(Buffer& buf) {
   const mixed_values& v = values();
+  for (std::size_t i = 0; i < v.ints.size(); ++i) {
+    buf.append_int32(v.ints[i]);
+    buf.append_double(v.doubles[i], 17);
+    buf.append_string(v.strings[i]);
+    buf.append_int64(v.longs[i]);
+  }
+}
+
+template <class T>
+void put(std::string& out, const T& value) {
+  const std::size_t at = out.size();
+  out.resize(at + sizeof value);
+  std::memcpy(&out[at], &value, sizeof value);
+}
+
+void memcpy_write_all(std::string& out) {
+  const mixed_values& v = values();
+  for (std::size_t i = 0; i < v.ints.size(); ++i) {
+    put(out, v.ints[i]);
+    put(out, v.doubles[i]);
+    put(out, static_cast<std::uint32_t>(v.strings[i].size()));
+    out += v.strings[i];
+    put(out, v.longs[i]);
+  }
+}
+
+template <class T, class... Format>
+void put_text(std::string& out, T value, Format... format) {
+  char text[64];
+  const auto result = std::to_chars(text, text + sizeof text, value, format...);
+  out.append(text, result.ptr);
+  out.push_back('\x01');
+}
+
+void charconv_write_all(std::string& out) {
+  const mixed_values& v = values();
+  for (std::size_t i = 0; i < v.ints.size(); ++i) {
+    put_text(out, v.ints[i]);
+    put_text(out, v.doubles[i], std::chars_format::general, 17);
+    put_text(out, v.strings[i].size());
+    out += v.strings[i];
+    out.push_back('\x01');
+    put_text(out, v.longs[i]);
+  }
+}
+
+template <class Buffer>
+void BM_Write(benchmark::State& state) {
   std::size_t bytes = 0;
   for (auto _ : state) {
     Buffer buf;
-    for (std::size_t i = 0; i < v.ints.size(); ++i) {
-      buf.append_int32(v.ints[i]);
-      buf.append_double(v.doubles[i], 17);
-      buf.append_string(v.strings[i]);
-      buf.append_int64(v.longs[i]);
-    }
+    write_all(buf);
+    bytes = buf.as_str().size();
+    benchmark::DoNotOptimize(&buf);
+  }
+  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * value_count));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+}
+
+template <void (*Write)(std::string&)>
+void BM_BoundWrite(benchmark::State& state) {
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    std::string out;
+    Write(out);
+    bytes = out.size();
+    benchmark::DoNotOptimize(out.data());
+  }
+  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * value_count));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+}
+
+BENCHMARK(BM_Write<serialize_binary_buf>)->Name("BM_BinaryWrite")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BoundWrite<memcpy_write_all>)
+    ->Name("BM_BinaryMemcpyWrite")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Write<serialize_text_buf>)->Name("BM_TextWrite")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BoundWrite<charconv_write_all>)
+    ->Name("BM_TextCharconvWrite")
+    ->Unit(benchmark::kMillisecond);
+
+// ---------------------------------------------------------------------------------------------
+// Readers: the values written above read back in order, strings as fresh std::string objects
+
+template <class Buffer>
+void BM_Read(benchmark::State& state) {
+  Buffer buf;
+  write_all(buf);
+  const mixed_values& v = values();
+  for (auto _ : state) {
+    buf.reset_read();
     long long sum = 0;
     for (std::size_t i = 0; i < v.ints.size(); ++i) {
       sum += buf.read_int32();
@@ -76,19 +159,9 @@ void BM_Buffer(benchmark::State& state) {
       sum += buf.read_int64();
     }
     benchmark::DoNotOptimize(sum);
-    bytes = buf.as_str().size();
   }
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * value_count));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
-}
-BENCHMARK(BM_Buffer<serialize_binary_buf>)->Name("BM_BinaryBuf")->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_Buffer<serialize_text_buf>)->Name("BM_TextBuf")->Unit(benchmark::kMillisecond);
-
-template <class T>
-void put(std::string& out, const T& value) {
-  const std::size_t at = out.size();
-  out.resize(at + sizeof value);
-  std::memcpy(&out[at], &value, sizeof value);
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * buf.as_str().size()));
 }
 
 template <class T>
@@ -99,18 +172,11 @@ T get(const std::string& in, std::size_t& at) {
   return value;
 }
 
-void BM_BinaryMemcpyBound(benchmark::State& state) {
+void BM_BinaryMemcpyRead(benchmark::State& state) {
+  std::string out;
+  memcpy_write_all(out);
   const mixed_values& v = values();
-  std::size_t bytes = 0;
   for (auto _ : state) {
-    std::string out;
-    for (std::size_t i = 0; i < v.ints.size(); ++i) {
-      put(out, v.ints[i]);
-      put(out, v.doubles[i]);
-      put(out, static_cast<std::uint32_t>(v.strings[i].size()));
-      out += v.strings[i];
-      put(out, v.longs[i]);
-    }
     long long sum = 0;
     std::size_t at = 0;
     for (std::size_t i = 0; i < v.ints.size(); ++i) {
@@ -122,22 +188,9 @@ void BM_BinaryMemcpyBound(benchmark::State& state) {
       sum += get<long long>(out, at);
     }
     benchmark::DoNotOptimize(sum);
-    bytes = out.size();
   }
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * value_count));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
-}
-BENCHMARK(BM_BinaryMemcpyBound)->Unit(benchmark::kMillisecond);
-
-// ---------------------------------------------------------------------------------------------
-// Text peers
-
-template <class T, class... Format>
-void put_text(std::string& out, T value, Format... format) {
-  char text[64];
-  const auto result = std::to_chars(text, text + sizeof text, value, format...);
-  out.append(text, result.ptr);
-  out.push_back('\x01');
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * out.size()));
 }
 
 template <class T>
@@ -150,19 +203,11 @@ T get_text(const std::string& in, std::size_t& at) {
   return value;
 }
 
-void BM_TextCharconvBound(benchmark::State& state) {
+void BM_TextCharconvRead(benchmark::State& state) {
+  std::string out;
+  charconv_write_all(out);
   const mixed_values& v = values();
-  std::size_t bytes = 0;
   for (auto _ : state) {
-    std::string out;
-    for (std::size_t i = 0; i < v.ints.size(); ++i) {
-      put_text(out, v.ints[i]);
-      put_text(out, v.doubles[i], std::chars_format::general, 17);
-      put_text(out, v.strings[i].size());
-      out += v.strings[i];
-      out.push_back('\x01');
-      put_text(out, v.longs[i]);
-    }
     long long sum = 0;
     std::size_t at = 0;
     for (std::size_t i = 0; i < v.ints.size(); ++i) {
@@ -174,12 +219,15 @@ void BM_TextCharconvBound(benchmark::State& state) {
       sum += get_text<long long>(out, at);
     }
     benchmark::DoNotOptimize(sum);
-    bytes = out.size();
   }
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * value_count));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * out.size()));
 }
-BENCHMARK(BM_TextCharconvBound)->Unit(benchmark::kMillisecond);
+
+BENCHMARK(BM_Read<serialize_binary_buf>)->Name("BM_BinaryRead")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BinaryMemcpyRead)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Read<serialize_text_buf>)->Name("BM_TextRead")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_TextCharconvRead)->Unit(benchmark::kMillisecond);
 
 // ---------------------------------------------------------------------------------------------
 // Labeled: 10 groups of 10 groups of 100 values, 10,110 labels in all.

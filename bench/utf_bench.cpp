@@ -1,4 +1,5 @@
-// Throughput of the six UTF conversions beside ICU on the same 1 MiB texts of four kinds.
+// Throughput of the six UTF conversions beside ICU on the same 1 MiB texts of five kinds, and
+// of UTF-16 to UTF-8 on short strings.
 // Figures are in bytes of input per second. The library returns a fresh string per call; ICU
 // writes into a buffer allocated once outside the timed loop (its most favourable use); the
 // icu_alloc_ variant allocates a fresh destination per call, as the library has to.
@@ -23,8 +24,8 @@ namespace s = mota::strings;
 
 namespace {
 
-enum kind { ascii = 0, latin1 = 1, cjk = 2, emoji = 3 };
-const char* const kind_names[] = {"ascii", "latin1", "cjk", "emoji"};
+enum kind { ascii = 0, latin1 = 1, cjk = 2, emoji = 3, mixed = 4 };
+const char* const kind_names[] = {"ascii", "latin1", "cjk", "emoji", "mixed"};
 
 struct texts {
   s::ustring8 utf8;
@@ -47,6 +48,8 @@ std::uint32_t next_code_point(kind k, std::mt19937& rng) {
     case emoji:  // mostly emoji, some ASCII letters
       return roll < 25 ? std::uniform_int_distribution<std::uint32_t>(0x61, 0x7A)(rng)
                        : std::uniform_int_distribution<std::uint32_t>(0x1F300, 0x1FAFF)(rng);
+    case mixed:  // each character drawn from one of the kinds above
+      return next_code_point(static_cast<kind>(roll / 4 % 4), rng);
   }
   return ' ';
 }
@@ -80,7 +83,7 @@ texts make_texts(kind k) {
 
 const texts& input(int k) {
   static const texts all[] = {make_texts(ascii), make_texts(latin1), make_texts(cjk),
-                              make_texts(emoji)};
+                              make_texts(emoji), make_texts(mixed)};
   return all[k];
 }
 
@@ -166,6 +169,55 @@ void icu_alloc_utf16_to_utf8(benchmark::State& state) {
   });
 }
 
+// Short strings: the mixed text cut into pieces of state.range(0) bytes of UTF-16 (a pair is
+// never split, so a piece may be one unit shorter), each converted by its own call.
+const std::vector<s::ustring16>& utf16_pieces(std::size_t bytes) {
+  static std::vector<s::ustring16> by_size[2];
+  auto& pieces = by_size[bytes == 16 ? 0 : 1];
+  if (pieces.empty()) {
+    const s::ustring16& text = input(mixed).utf16;
+    const std::size_t units = bytes / 2;
+    for (std::size_t at = 0; at + units < text.size() && pieces.size() < 4096;) {
+      std::size_t length = units;
+      if ((text[at + length - 1] & 0xFC00) == 0xD800) --length;
+      pieces.emplace_back(text.substr(at, length));
+      at += length;
+    }
+  }
+  return pieces;
+}
+
+template <typename Run>
+void measure_pieces(benchmark::State& state, Run run) {
+  const auto& pieces = utf16_pieces(static_cast<std::size_t>(state.range(0)));
+  std::int64_t bytes = 0;
+  for (const auto& piece : pieces)
+    bytes += static_cast<std::int64_t>(piece.size() * 2);
+  for (auto _ : state) {
+    for (const auto& piece : pieces)
+      benchmark::DoNotOptimize(run(piece));
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * bytes);
+}
+
+void mota_utf16_to_utf8_short(benchmark::State& state) {
+  measure_pieces(state, [](const s::ustring16& piece) { return s::utf16_to_utf8(piece); });
+}
+
+void icu_alloc_utf16_to_utf8_short(benchmark::State& state) {
+  measure_pieces(state, [](const s::ustring16& piece) {
+    std::string dest;
+    dest.resize(piece.size() * 3 + 1);
+    int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strToUTF8(&dest[0], static_cast<int32_t>(dest.size()), &length,
+                reinterpret_cast<const UChar*>(piece.data()), static_cast<int32_t>(piece.size()),
+                &error);
+    dest.resize(static_cast<std::size_t>(length));
+    return dest;
+  });
+}
+
 void mota_utf16_to_utf32(benchmark::State& state) {
   const auto& src = input(static_cast<int>(state.range(0))).utf16;
   measure(state, src, [&] { return s::utf16_to_utf32(src).size(); });
@@ -225,16 +277,18 @@ double fastest(const std::vector<double>& runs) {
 
 }  // namespace
 
-BENCHMARK(mota_utf8_to_utf16)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf8_to_utf16)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(mota_utf8_to_utf32)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf8_to_utf32)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(mota_utf16_to_utf8)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf16_to_utf8)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_alloc_utf16_to_utf8)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(mota_utf16_to_utf32)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf16_to_utf32)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(mota_utf32_to_utf8)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf32_to_utf8)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(mota_utf32_to_utf16)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
-BENCHMARK(icu_utf32_to_utf16)->DenseRange(0, 3)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf8_to_utf16)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf8_to_utf16)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf8_to_utf32)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf8_to_utf32)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf16_to_utf8)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf16_to_utf8)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_alloc_utf16_to_utf8)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf16_to_utf8_short)->Arg(16)->Arg(64);
+BENCHMARK(icu_alloc_utf16_to_utf8_short)->Arg(16)->Arg(64);
+BENCHMARK(mota_utf16_to_utf32)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf16_to_utf32)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf32_to_utf8)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf32_to_utf8)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(mota_utf32_to_utf16)->DenseRange(0, 4)->ComputeStatistics("min", fastest);
+BENCHMARK(icu_utf32_to_utf16)->DenseRange(0, 4)->ComputeStatistics("min", fastest);

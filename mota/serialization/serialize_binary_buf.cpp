@@ -1,17 +1,58 @@
 #include <mota/serialization/serialize_binary_buf.hpp>
 
-#include <mota/generic/convert/bin_str.hpp>
 #include <mota/serialization/_private/read_position.hpp>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
 namespace MOTA_2_18 {
 namespace serialization {
 
-namespace convert = generic::convert;
 using _private::advance_position;
 using _private::throw_beyond_content;
+
+namespace {
+
+// What at_end() answers, tested in place by the reads, which would otherwise pay a virtual call
+// per value.
+inline bool exhausted_at(const std::string& content, std::uint32_t position) {
+  return position == serialize_buffer::exhausted || position >= content.size();
+}
+
+// The value's bytes in the machine's own order: the bytes generic::convert's *_to_bin_str
+// routines give, appended in place rather than through a temporary string.
+template <typename T>
+inline void append_native(std::string& content, const T& value) {
+  content.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+// Reads a value cut short by the end of the content: the bytes there, as if zeros followed
+// them; the position moves past what was there. Kept out of line so that the common read stays
+// a leaf without a stack frame.
+template <typename T>
+__attribute__((noinline)) T read_cut_short(const std::string& content, std::uint32_t& position) {
+  const std::size_t left = content.size() - position;
+  char bytes[sizeof(T)] = {};
+  std::memcpy(bytes, content.data() + position, left);
+  T value;
+  std::memcpy(&value, bytes, sizeof value);
+  position = advance_position(position, left);
+  return value;
+}
+
+// Reads a T at `position` as generic::convert's bin_str_to_* routines read it, and moves the
+// position past it. The caller has checked that the position is inside the content.
+template <typename T>
+inline T read_native(const std::string& content, std::uint32_t& position) {
+  if (content.size() - position < sizeof(T)) return read_cut_short<T>(content, position);
+  T value;
+  std::memcpy(&value, content.data() + position, sizeof value);
+  position = advance_position(position, sizeof value);
+  return value;
+}
+
+}  // namespace
 
 serialize_binary_buf::serialize_binary_buf() : m_read_pos(0) {}
 
@@ -73,15 +114,15 @@ void serialize_binary_buf::append_int8(const signed char& value) {
 }
 
 void serialize_binary_buf::append_int16(const short& value) {
-  m_content += convert::int16_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_int32(const int& value) {
-  m_content += convert::int32_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_int64(const long long& value) {
-  m_content += convert::int64_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_uint8(const unsigned char& value) {
@@ -89,27 +130,27 @@ void serialize_binary_buf::append_uint8(const unsigned char& value) {
 }
 
 void serialize_binary_buf::append_uint16(const unsigned short& value) {
-  m_content += convert::uint16_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_uint32(const unsigned int& value) {
-  m_content += convert::uint32_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_uint64(const unsigned long long& value) {
-  m_content += convert::uint64_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_float(const float& value, const unsigned int& /*precision*/) {
-  m_content += convert::float_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_double(const double& value, const unsigned int& /*precision*/) {
-  m_content += convert::double_to_bin_str(value);
+  append_native(m_content, value);
 }
 
 void serialize_binary_buf::append_string(const std::string& value) {
-  m_content += convert::uint32_to_bin_str(static_cast<unsigned int>(value.size()));
+  append_native(m_content, static_cast<std::uint32_t>(value.size()));
   m_content += value;
 }
 
@@ -118,80 +159,58 @@ void serialize_binary_buf::append_buffer(const serialize_buffer& other) {
   append_string(other.as_str());
 }
 
-const char* serialize_binary_buf::take(std::size_t size, char* scratch) const {
-  const std::size_t position = m_read_pos;
-  const std::size_t left = m_content.size() - position;
-  if (left >= size) {
-    m_read_pos = advance_position(m_read_pos, size);
-    return m_content.data() + position;
-  }
-  // Fewer bytes than the value needs: decode what is there as if zeros followed.
-  std::memset(scratch, 0, size);
-  std::memcpy(scratch, m_content.data() + position, left);
-  m_read_pos = advance_position(m_read_pos, left);
-  return scratch;
-}
-
 signed char serialize_binary_buf::read_int8() const {
-  if (at_end()) return 0;
+  if (exhausted_at(m_content, m_read_pos)) return 0;
   return static_cast<signed char>(m_content[m_read_pos++]);
 }
 
 short serialize_binary_buf::read_int16() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(short)];
-  return convert::bin_str_to_int16(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<short>(m_content, m_read_pos);
 }
 
 int serialize_binary_buf::read_int32() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(int)];
-  return convert::bin_str_to_int32(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<int>(m_content, m_read_pos);
 }
 
 long long serialize_binary_buf::read_int64() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(long long)];
-  return convert::bin_str_to_int64(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<long long>(m_content, m_read_pos);
 }
 
 unsigned char serialize_binary_buf::read_uint8() const {
-  if (at_end()) return 0;
+  if (exhausted_at(m_content, m_read_pos)) return 0;
   return static_cast<unsigned char>(m_content[m_read_pos++]);
 }
 
 unsigned short serialize_binary_buf::read_uint16() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(unsigned short)];
-  return convert::bin_str_to_uint16(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<unsigned short>(m_content, m_read_pos);
 }
 
 unsigned int serialize_binary_buf::read_uint32() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(unsigned int)];
-  return convert::bin_str_to_uint32(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<unsigned int>(m_content, m_read_pos);
 }
 
 unsigned long long serialize_binary_buf::read_uint64() const {
-  if (at_end()) return 0;
-  char scratch[sizeof(unsigned long long)];
-  return convert::bin_str_to_uint64(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0;
+  return read_native<unsigned long long>(m_content, m_read_pos);
 }
 
 float serialize_binary_buf::read_float() const {
-  if (at_end()) return 0.0f;
-  char scratch[sizeof(float)];
-  return convert::bin_str_to_float(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0.0f;
+  return read_native<float>(m_content, m_read_pos);
 }
 
 double serialize_binary_buf::read_double() const {
-  if (at_end()) return 0.0;
-  char scratch[sizeof(double)];
-  return convert::bin_str_to_double(take(sizeof scratch, scratch));
+  if (exhausted_at(m_content, m_read_pos)) return 0.0;
+  return read_native<double>(m_content, m_read_pos);
 }
 
 std::string serialize_binary_buf::read_string() const {
-  if (at_end()) return std::string();
+  if (exhausted_at(m_content, m_read_pos)) return std::string();
   const std::size_t start = m_read_pos;
   if (m_content.size() - start < 4) {
     // The length itself is cut short: the position moves past its 4 bytes, beyond the
@@ -199,17 +218,17 @@ std::string serialize_binary_buf::read_string() const {
     m_read_pos = advance_position(m_read_pos, 4);
     throw_beyond_content(start + 4, m_content.size());
   }
-  char scratch[4];
-  const std::uint32_t length = convert::bin_str_to_uint32(take(sizeof scratch, scratch));
+  const std::uint32_t length = read_native<std::uint32_t>(m_content, m_read_pos);
   // Content of 4 GiB and more cannot be addressed and reads as exhausted.
   if (m_read_pos == exhausted) return std::string();
-  std::string bytes = m_content.substr(m_read_pos, length);
+  // The position is inside the content here: the length's four bytes were all there.
+  const std::size_t at = m_read_pos;
   m_read_pos = advance_position(m_read_pos, length);
-  return bytes;
+  return std::string(m_content.data() + at, std::min<std::size_t>(length, m_content.size() - at));
 }
 
 serialize_binary_buf* serialize_binary_buf::read_buffer() const {
-  if (at_end()) return nullptr;
+  if (exhausted_at(m_content, m_read_pos)) return nullptr;
   const std::string bytes = read_string();
   auto* buffer = new serialize_binary_buf(bytes);
   buffer->delete_on_zero(true);
@@ -217,7 +236,7 @@ serialize_binary_buf* serialize_binary_buf::read_buffer() const {
 }
 
 bool serialize_binary_buf::at_end() const {
-  return m_read_pos == exhausted || m_read_pos >= m_content.size();
+  return exhausted_at(m_content, m_read_pos);
 }
 
 void serialize_binary_buf::reset_read() const {

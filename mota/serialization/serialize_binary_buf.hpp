@@ -94,10 +94,6 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   serialize_binary_buf* clone() const override;
 
  private:
-  // Points at `size` bytes to decode, or at a zero-padded copy in `scratch` when fewer remain;
-  // advances the read position. Only called when not at_end().
-  const char* take(std::size_t size, char* scratch) const;
-
   std::string m_content;
   mutable std::uint32_t m_read_pos;
 };

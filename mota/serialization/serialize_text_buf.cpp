@@ -58,16 +58,14 @@ void append_floating(std::string& content, double value, unsigned int precision)
 // classic global locale such a token gives exactly what generic::convert's stream extraction
 // gives: both round correctly. Anything else (blanks, "+", "inf", a trailing rest, overflow,
 // subnormal results, another global locale) returns false and is left to generic::convert.
+// A token that from_chars takes whole and that starts with a digit, or with "-" and a digit,
+// holds nothing but digits, one point and an exponent: "inf", "nan" and their signed forms
+// start otherwise and go to the stream.
 template <class T>
 bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
   if (length == 0 || length > 64) return false;
-  if (token[0] != '-' && (token[0] < '0' || token[0] > '9')) return false;
-  for (std::size_t i = 0; i < length; ++i) {
-    const char c = token[i];
-    if ((c < '0' || c > '9') && c != '.' && c != 'e' && c != 'E' && c != '-' && c != '+') {
-      return false;
-    }
-  }
+  const std::size_t first = token[0] == '-' ? 1 : 0;
+  if (first >= length || static_cast<unsigned char>(token[first] - '0') > 9) return false;
   const auto result = std::from_chars(token, token + length, value);
   if (result.ec != std::errc() || result.ptr != token + length) return false;
   if (value != 0 && !std::isnormal(value)) return false;

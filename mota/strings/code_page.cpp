@@ -1,6 +1,7 @@
 #include <mota/strings/code_page.hpp>
 
 #include <mota/exceptions/_private/throw.hpp>
+#include <mota/strings/_private/iconv_cache.hpp>
 #include <mota/strings/utf.hpp>
 
 #include <iconv.h>
@@ -13,48 +14,15 @@ namespace strings {
 
 namespace {
 
-const iconv_t invalid_descriptor = reinterpret_cast<iconv_t>(-1);
-
-// Owns an iconv descriptor. close() reports a failure to the caller on the normal path; the
-// destructor closes silently when a conversion error is on its way out.
-class descriptor_t {
- public:
-  descriptor_t(const std::string& to, const std::string& from, const char* function)
-      : m_cd(iconv_open(to.c_str(), from.c_str())) {
-    if (m_cd == invalid_descriptor) {
-      if (errno == EINVAL) {
-        MOTA_THROW_AS(exceptions::runtime_error, "convertions not supported", function);
-      }
-      MOTA_THROW_AS(exceptions::runtime_error, "Unknown failure on iconv open", function);
-    }
-  }
-  descriptor_t(const descriptor_t&) = delete;
-  descriptor_t& operator=(const descriptor_t&) = delete;
-  ~descriptor_t() {
-    if (m_cd != invalid_descriptor) iconv_close(m_cd);
-  }
-
-  iconv_t get() const { return m_cd; }
-
-  void close(const char* function) {
-    const iconv_t cd = m_cd;
-    m_cd = invalid_descriptor;
-    if (iconv_close(cd) != 0) {
-      MOTA_THROW_AS(exceptions::runtime_error, "iconv failed to close", function);
-    }
-  }
-
- private:
-  iconv_t m_cd;
-};
-
 // Converts `input` from the set `from` to the set `to`. Undecodable input bytes become one "?"
 // each, an incomplete sequence at the end is dropped.
-std::string convert(const std::string& input, const std::string& to, const std::string& from,
+// The descriptor comes from this thread's cache and is reset first, so no state of an earlier
+// conversion carries over.
+std::string convert(const std::string& input, unsigned int key, const char* to, const char* from,
                     const char* function) {
-  descriptor_t cd(to, from, function);
+  const iconv_t cd = _private::cached_iconv(key, to, from, function);
   std::string output(input.size(), '\0');
-  iconv(cd.get(), nullptr, nullptr, nullptr, nullptr);
+  iconv(cd, nullptr, nullptr, nullptr, nullptr);
 
   // iconv's interface takes a non-const input pointer but never writes through it.
   char* in = const_cast<char*>(input.data());
@@ -63,7 +31,7 @@ std::string convert(const std::string& input, const std::string& to, const std::
   while (in_left > 0) {
     char* out = &output[0] + written;
     std::size_t out_left = output.size() - written;
-    const std::size_t result = iconv(cd.get(), &in, &in_left, &out, &out_left);
+    const std::size_t result = iconv(cd, &in, &in_left, &out, &out_left);
     written = static_cast<std::size_t>(out - output.data());
     if (result != static_cast<std::size_t>(-1)) continue;
     const int error = errno;
@@ -81,7 +49,6 @@ std::string convert(const std::string& input, const std::string& to, const std::
     }
   }
   output.resize(written);
-  cd.close(function);
   return output;
 }
 
@@ -154,7 +121,12 @@ namespace {
 // The iconv name of `code`. An invalid code throws exceptions::invalid_argument_value "Not valid
 // code_page type" in the name of `function`: the conversions report themselves ("encode",
 // "as_utf8"), a direct look-up reports "to_system_type".
-std::string system_name(std::int32_t code, const char* function) {
+const char* system_name(std::int32_t code, const char* function) {
+  static const char* const windows[] = {"CP1250", "CP1251", "CP1252", "CP1253", "CP1254",
+                                        "CP1255", "CP1256", "CP1257", "CP1258"};
+  static const char* const iso[] = {"ISO-8859-1", "ISO-8859-2", "ISO-8859-3",
+                                    "ISO-8859-4", "ISO-8859-5", "ISO-8859-6",
+                                    "ISO-8859-7", "ISO-8859-8", "ISO-8859-9"};
   switch (code) {
     case 1:
     case 2:
@@ -181,9 +153,16 @@ std::string system_name(std::int32_t code, const char* function) {
     default:
       break;
   }
-  if (code >= 1250 && code <= 1258) return "CP" + std::to_string(code);
-  if (code >= 28591 && code <= 28599) return "ISO-8859-" + std::to_string(code - 28590);
+  if (code >= 1250 && code <= 1258) return windows[code - 1250];
+  if (code >= 28591 && code <= 28599) return iso[code - 28591];
   MOTA_THROW_AS(exceptions::invalid_argument_value, "Not valid code_page type", function);
+}
+
+// The descriptor cache's key of a conversion with the valid code `code`: the code and the
+// direction, or 0 for the process's own set, whose name can change with the locale.
+unsigned int cache_key(std::int32_t code, bool to_utf8) {
+  if (code <= 3) return 0;
+  return static_cast<unsigned int>(code) * 2 + (to_utf8 ? 1 : 0);
 }
 
 }  // namespace
@@ -193,11 +172,12 @@ std::string code_page::to_system_type(encoding_type type) const {
 }
 
 std::string code_page::encode(const ustring8& text) const {
-  return convert(text, system_name(m_type, "encode"), "UTF-8", "encode");
+  return convert(text, cache_key(m_type, false), system_name(m_type, "encode"), "UTF-8", "encode");
 }
 
 ustring8 code_page::as_utf8(const std::string& text) const {
-  return ustring8(convert(text, "UTF-8", system_name(m_type, "as_utf8"), "as_utf8"));
+  return ustring8(
+      convert(text, cache_key(m_type, true), "UTF-8", system_name(m_type, "as_utf8"), "as_utf8"));
 }
 
 std::string code_page::encode(const ustring16& text) const {

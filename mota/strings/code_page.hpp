@@ -105,8 +105,9 @@ class MOTA_API code_page {
   // bytes that are not UTF-8 become one "?" per undecodable byte; an incomplete sequence at
   // the end is dropped. Throws exceptions::invalid_argument_value "Not valid code_page type"
   // for an invalid code, exceptions::runtime_error "convertions not supported" when iconv
-  // cannot convert between the two sets, "Unknown failure on iconv open", "Unknown iconv
-  // error" or "iconv failed to close" for other iconv failures.
+  // cannot convert between the two sets, "Unknown failure on iconv open" or "Unknown iconv
+  // error" for other iconv failures. The iconv descriptor stays open for the next conversion
+  // between the same sets in the same thread (each thread has its own).
   std::string encode(const ustring8& text) const;
   //@{
   // UTF-16 / UTF-32 `text` made UTF-8 by utf16_to_utf8 / utf32_to_utf8, then as above (text

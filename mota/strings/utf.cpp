@@ -1,6 +1,7 @@
 #include <mota/strings/utf.hpp>
 
 #include <mota/debug/assert.hpp>
+#include <mota/strings/_private/utf16_to_utf8_units.hpp>
 #include <mota/strings/bom.hpp>
 
 #include <algorithm>
@@ -281,11 +282,10 @@ inline void release_slack(ustring8& output) {
 // words can be stored; false on a bad surrogate.
 bool encode_utf16_as_utf8(const unsigned short* src, std::size_t n, unsigned char* out,
                           std::size_t& written) {
-  // Pointers rather than a referenced count: stores through unsigned char* could alias it.
   unsigned char* d = out + written;
   const unsigned short* p = src;
   const unsigned short* const end = src + n;
-  while (p < end) {
+  while (end - p >= 2) {
     // At every 32-byte boundary an ASCII unit may start a run of whole ASCII blocks; testing at
     // each unit would cost more than it saves in mixed text.
     if ((reinterpret_cast<std::uintptr_t>(p) & 31) == 0 && *p < 0x80) {
@@ -294,30 +294,13 @@ bool encode_utf16_as_utf8(const unsigned short* src, std::size_t n, unsigned cha
         p += 16;
         d += 16;
       }
-      if (p == end) break;
+      if (end - p < 2) break;
     }
-    const std::uint32_t u = *p;
-    if (u < 0x800) {
-      // One or two bytes, chosen without a branch: mixed Latin text alternates unpredictably.
-      const std::uint32_t two = (0xC0 | (u >> 6)) | ((0x80 | (u & 0x3F)) << 8);
-      const std::uint32_t wide = u >= 0x80;
-      const std::uint32_t mask = 0u - wide;
-      store16(d, (u & ~mask) | (two & mask));
-      d += 1 + wide;
-      ++p;
-    } else if (u < 0xD800 || u >= 0xE000) {
-      store32(d,
-              (0xE0 | (u >> 12)) | ((0x80 | ((u >> 6) & 0x3F)) << 8) | ((0x80 | (u & 0x3F)) << 16));
-      d += 3;
-      ++p;
-    } else {
-      if (u >= 0xDC00 || end - p < 2 || !is_low_surrogate(p[1])) return false;
-      store32(d, utf8_word_supplementary(combine_pair(u, p[1])));
-      d += 4;
-      p += 2;
-    }
+    if (!_private::encode_unit_branchless(p, d)) return false;
   }
-  written = static_cast<std::size_t>(d - out);
+  std::size_t k = static_cast<std::size_t>(d - out);
+  if (!_private::encode_units_plain(p, static_cast<std::size_t>(end - p), out, k)) return false;
+  written = k;
   return true;
 }
 
@@ -422,6 +405,9 @@ ustring32 utf8_to_utf32(const ustring8& text) {
   return output;
 }
 
+// Up to this many units utf16_to_utf8 works in a buffer on the stack.
+constexpr std::size_t short_text_units = 64;
+
 ustring8 utf16_to_utf8(const ustring16& text) {
   const unsigned short* src = text.data();
   const std::size_t n = text.size();
@@ -429,6 +415,15 @@ ustring8 utf16_to_utf8(const ustring16& text) {
   if (n != 0 && src[0] == swapped_bom) {
     swapped = swap_string_bytes_order(text);
     src = swapped.data();
+  }
+  if (n <= short_text_units) {
+    // Short text is encoded on the stack and copied once at its exact length, which needs no
+    // allocation at all when it fits the string's own small buffer.
+    unsigned char bytes[3 * short_text_units + 1];
+    std::size_t k = 0;
+    if (!encode_utf16_as_utf8(src, n, bytes, k)) return failure8();
+    MOTA_ASSERT(k <= sizeof bytes);
+    return ustring8(std::string(reinterpret_cast<const char*>(bytes), k));
   }
   // An ASCII prefix takes one byte per unit; every other unit at most three (a pair four for
   // two units). One spare byte lets the encoder store whole words.

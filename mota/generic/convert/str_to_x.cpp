@@ -1,6 +1,7 @@
 #include <mota/generic/convert/str_to_x.hpp>
 
 #include <mota/exceptions/_private/throw.hpp>
+#include <mota/generic/convert/_private/digit_blocks.hpp>
 #include <mota/strings/utf.hpp>
 
 #include <cctype>
@@ -43,6 +44,16 @@ struct lead_t {
 // allows the first one to be read.
 template <typename C>
 inline bool read_lead(const C* text, unsigned int size, unsigned int radix, lead_t& lead) {
+  // The common cases first: a decimal digit right at the start, or after a "-", nothing else
+  // to skip.
+  const bool minus = size >= 2 && code(text[0]) == '-';
+  const std::uint32_t first = static_cast<std::uint32_t>(code(text[minus ? 1 : 0])) - '0';
+  if (first < 10 && (radix == 10 || (radix == 0 && first != 0))) {
+    lead.start = minus ? 1 : 0;
+    lead.radix = 10;
+    lead.negative = minus;
+    return true;
+  }
   const unsigned int look = size == 0 ? 1 : size;
   unsigned int i = 0;
   while (i < look && blank(code(text[i])))
@@ -109,18 +120,30 @@ constexpr unsigned int safe_digits(unsigned long long max, unsigned int radix) {
   return n;
 }
 
-// Accumulates the digits from `i` on. Returns false when the value would pass `cut_off` and
-// `last_digit`, i.e. it is out of range. Reads at least the character at `i` and stops at
-// `size`. `Radix` fixes the common radixes at compile time (0 takes `radix` as given), which
-// turns the multiplication into shifts and adds; `Safe` leading digits cannot overflow and
-// skip the range check.
+// Accumulates the digits from `i` on. Returns false when the value would pass `bound` (the
+// magnitude of the limit in the sign's direction), i.e. it is out of range. Reads at least the
+// character at `i` and stops at `size`. `Radix` fixes the common radixes at compile time (0 takes
+// `radix` as given), which turns the multiplication into shifts and adds; `Safe` leading digits
+// cannot overflow and skip the range check.
 template <typename Classify, unsigned int Radix, unsigned int Safe, typename M, typename C>
 inline bool accumulate_with(const C* text, unsigned int i, unsigned int size, unsigned int radix,
-                            M cut_off, M last_digit, M& magnitude) {
+                            M bound, M& magnitude) {
   const unsigned int r = Radix != 0 ? Radix : radix;
   const unsigned int end = size > i ? size : i + 1;
   const unsigned int fast_end = end - i > Safe ? i + Safe : end;
   M value = 0;
+  if constexpr (Radix == 10 && std::is_same<C, char>::value) {
+    // Within the safe digits whole blocks of decimal digits go at once.
+    std::uint32_t block = 0;
+    while (fast_end - i >= 8 && _private::eight_digits(text + i, block)) {
+      value = static_cast<M>(value * 100000000u + block);
+      i += 8;
+    }
+    if (fast_end - i >= 4 && _private::four_digits(text + i, block)) {
+      value = static_cast<M>(value * 10000u + block);
+      i += 4;
+    }
+  }
   for (; i < fast_end; ++i) {
     const std::uint32_t digit = Classify::digit(code(text[i]));
     if (digit >= r) {
@@ -129,6 +152,13 @@ inline bool accumulate_with(const C* text, unsigned int i, unsigned int size, un
     }
     value = static_cast<M>(value * r + digit);
   }
+  if (i >= end) {
+    magnitude = value;
+    return true;
+  }
+  // Only numbers longer than the safe digits need the limits.
+  const M cut_off = static_cast<M>(bound / r);
+  const M last_digit = static_cast<M>(bound % r);
   for (; i < end; ++i) {
     const std::uint32_t digit = Classify::digit(code(text[i]));
     if (digit >= r) break;
@@ -141,22 +171,20 @@ inline bool accumulate_with(const C* text, unsigned int i, unsigned int size, un
 
 template <typename T, typename M, typename C>
 inline bool accumulate(const C* text, unsigned int i, unsigned int size, unsigned int radix,
-                       M cut_off, M last_digit, M& magnitude) {
+                       M bound, M& magnitude) {
   constexpr auto max = static_cast<unsigned long long>(std::numeric_limits<T>::max());
   switch (radix) {
     case 10:
-      return accumulate_with<small_radix, 10, safe_digits(max, 10)>(text, i, size, radix, cut_off,
-                                                                    last_digit, magnitude);
+      return accumulate_with<small_radix, 10, safe_digits(max, 10)>(text, i, size, radix, bound,
+                                                                    magnitude);
     case 16:
-      return accumulate_with<large_radix, 16, safe_digits(max, 16)>(text, i, size, radix, cut_off,
-                                                                    last_digit, magnitude);
+      return accumulate_with<large_radix, 16, safe_digits(max, 16)>(text, i, size, radix, bound,
+                                                                    magnitude);
     default:
       if (radix < 10) {
-        return accumulate_with<small_radix, 0, 0>(text, i, size, radix, cut_off, last_digit,
-                                                  magnitude);
+        return accumulate_with<small_radix, 0, 0>(text, i, size, radix, bound, magnitude);
       }
-      return accumulate_with<large_radix, 0, 0>(text, i, size, radix, cut_off, last_digit,
-                                                magnitude);
+      return accumulate_with<large_radix, 0, 0>(text, i, size, radix, bound, magnitude);
   }
 }
 
@@ -170,22 +198,6 @@ inline bool accumulate(const C* text, unsigned int i, unsigned int size, unsigne
 }
 [[noreturn]] __attribute__((noinline, cold)) void throw_too_large(const char* function) {
   MOTA_THROW_AS(exceptions::overflow_error, "Number value is to large", function);
-}
-
-// Cut-off and last-digit limit of `bound` for `radix`; the common decimal case divides by a
-// constant.
-template <typename M>
-inline void limits_of(M bound, unsigned int radix, M& cut_off, M& last_digit) {
-  if (radix == 10) {
-    cut_off = bound / 10;
-    last_digit = bound % 10;
-  } else if (radix == 16) {
-    cut_off = bound / 16;
-    last_digit = bound % 16;
-  } else {
-    cut_off = static_cast<M>(bound / radix);
-    last_digit = static_cast<M>(bound % radix);
-  }
 }
 
 }  // namespace
@@ -206,11 +218,9 @@ T strtointx(const C* text, unsigned int size, unsigned int radix, bool throw_on_
   const M max = static_cast<M>(std::numeric_limits<T>::max());
   // The magnitude of T's minimum is one more than its maximum.
   const M bound = lead.negative ? static_cast<M>(max + 1) : max;
-  M cut_off, last_digit;
-  limits_of(bound, lead.radix, cut_off, last_digit);
 
   M magnitude;
-  if (!accumulate<T>(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude)) {
+  if (!accumulate<T>(text, lead.start, size, lead.radix, bound, magnitude)) {
     if (lead.negative) {
       if (throw_on_range_error) {
         throw_too_small("strtointx");
@@ -240,12 +250,9 @@ T strtouintx(const C* text, unsigned int size, unsigned int radix, bool throw_on
     throw_bad_radix("strtouintx");
   }
 
-  M cut_off, last_digit;
-  limits_of(static_cast<M>(std::numeric_limits<T>::max()), lead.radix, cut_off, last_digit);
-
   M magnitude;
-  const bool in_range =
-      accumulate<T>(text, lead.start, size, lead.radix, cut_off, last_digit, magnitude);
+  const bool in_range = accumulate<T>(text, lead.start, size, lead.radix,
+                                      static_cast<M>(std::numeric_limits<T>::max()), magnitude);
   if (!in_range || (lead.negative && magnitude != 0)) {
     if (lead.negative) {
       if (throw_on_range_error) {

@@ -26,7 +26,8 @@ inline std::uint32_t advance_position(std::uint32_t position, std::uint64_t dist
 }
 
 // The failure a standard substring taken from beyond the end reports, word for word.
-[[noreturn]] inline void throw_beyond_content(std::size_t position, std::size_t size) {
+[[noreturn]] __attribute__((noinline, cold)) inline void throw_beyond_content(std::size_t position,
+                                                                              std::size_t size) {
   char message[128];
   std::snprintf(message, sizeof message, "%s: __pos (which is %zu) > this->size() (which is %zu)",
                 "basic_string::substr", position, size);
