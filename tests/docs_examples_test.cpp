@@ -1,16 +1,11 @@
 // Runs every example of the data-file documents in docs/ through the library, so that what the
 // documents promise stays true.
 //
-// A document holds two kinds of fenced blocks that matter here:
-//   - a data file: a block whose info string carries file=NAME (```xml file=shop.xmc); every
-//     check sees every data file of its document, so names must differ;
-//   - a check: a block whose info string carries the word check. In docs/xmc-format.md it loads
-//     a path for a locale and then renders messages or expects a load error; in
-//     docs/config-format.md it runs a program with a command line, a file name and an
-//     environment and lists the values of keys.
-// Each check is one test case named after its line in the document. It runs in a fresh
-// temporary directory (the working directory for the run, so that paths in messages read as
-// in the document) holding the data files.
+// Two kinds of fenced blocks matter: a data file (```xml file=shop.xmc), which every check of
+// its document sees (so names must differ), and a check (```text check). Each check is one
+// test case named after the line of its opening fence; it runs in a fresh temporary directory
+// holding the data files, made the working directory so that paths in messages read as in the
+// document.
 #include <mota/config/config_manager.hpp>
 #include <mota/config/std_config_dispatch.hpp>
 #include <mota/i18n/message_catalogs.hpp>
@@ -33,8 +28,7 @@ using mota::strings::ustring8;
 using mota::types::variant;
 
 struct example {
-  std::string document;
-  int line = 0;  // of the check block's opening fence
+  int line = 0;
   std::map<std::string, std::string> files;
   std::vector<std::string> check;
   std::string problem;  // set when the document itself cannot be read
@@ -42,8 +36,8 @@ struct example {
 
 std::string trim(const std::string& text) {
   const std::size_t begin = text.find_first_not_of(" \t");
-  if (begin == std::string::npos) return std::string();
-  return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
+  return begin == std::string::npos ? ""
+                                    : text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
 }
 
 std::vector<std::string> words(const std::string& text) {
@@ -54,49 +48,41 @@ std::vector<std::string> words(const std::string& text) {
   return out;
 }
 
-// "label: value" when the line starts with one of the labels; the value is trimmed.
+// True when `line` reads "label: value"; `value` is then the trimmed rest.
 bool labeled(const std::string& line, const std::string& label, std::string& value) {
   if (line.compare(0, label.size() + 1, label + ":") != 0) return false;
   value = trim(line.substr(label.size() + 1));
   return true;
 }
 
-// The checks of one document, each with every data file of the document.
 std::vector<example> examples_of(const std::string& name) {
   const std::string path = std::string(MOTA_DOCS_DIR) + "/" + name;
   std::ifstream in(path);
   std::vector<example> out;
   std::map<std::string, std::string> files;
-  std::string problem;
-  std::string line;
-  int number = 0;
-  while (std::getline(in, line)) {
-    ++number;
+  std::string problem, line;
+  for (int number = 1; std::getline(in, line); ++number) {
     if (line.compare(0, 3, "```") != 0) continue;
-    const int opened = number;
+    example block{number, {}, {}, ""};
     std::string file;
     bool check = false;
     for (const std::string& word : words(line.substr(3))) {
       if (word.compare(0, 5, "file=") == 0) file = word.substr(5);
-      if (word == "check") check = true;
+      check = check || word == "check";
     }
-    std::vector<std::string> body;
-    while (std::getline(in, line)) {
-      ++number;
-      if (line == "```") break;
-      body.push_back(line);
-    }
+    for (++number; std::getline(in, line) && line != "```"; ++number)
+      block.check.push_back(line);
     if (!file.empty()) {
       std::string text;
-      for (const std::string& l : body)
+      for (const std::string& l : block.check)
         text += l + "\n";
       if (!files.emplace(file, text).second) problem = "two files named " + file;
     } else if (check) {
-      out.push_back(example{name, opened, {}, body, std::string()});
+      out.push_back(block);
     }
   }
   if (out.empty()) problem = "no check found in " + path;
-  if (!problem.empty()) return {example{name, 0, {}, {}, problem}};
+  if (!problem.empty()) return {example{0, {}, {}, problem}};
   for (example& e : out)
     e.files = files;
   return out;
@@ -106,15 +92,17 @@ std::string case_name(const testing::TestParamInfo<example>& info) {
   return "line_" + std::to_string(info.param.line);
 }
 
+void PrintTo(const example& e, std::ostream* out) {
+  *out << "the check at line " << e.line;
+}
+
 // Writes the files into a fresh directory and makes it the working directory while it lives.
 class example_dir {
  public:
-  explicit example_dir(const std::map<std::string, std::string>& files)
-      : m_previous(fs::current_path()) {
-    for (const auto& file : files) {
-      const fs::path path = m_dir.path() / file.first;
-      fs::create_directories(path.parent_path());
-      std::ofstream(path, std::ios::binary) << file.second;
+  explicit example_dir(const std::map<std::string, std::string>& files) {
+    for (const auto& [name, text] : files) {
+      fs::create_directories((m_dir.path() / name).parent_path());
+      std::ofstream(m_dir.path() / name, std::ios::binary) << text;
     }
     fs::current_path(m_dir.path());
   }
@@ -124,26 +112,13 @@ class example_dir {
 
  private:
   mota_test::temp_dir m_dir;
-  fs::path m_previous;
+  fs::path m_previous = fs::current_path();
 };
 
-std::string where(const example& e) {
-  return e.document + ":" + std::to_string(e.line);
-}
-
-// Names a failing case by its place in the document rather than by its bytes.
-void PrintTo(const example& e, std::ostream* out) {
-  *out << where(e);
-}
-
-// --- docs/xmc-format.md ----------------------------------------------------------------------
-
-// A check block reads:
-//   load: PATH              locale: LOCALE
-//   error: followed by the load's whole message, line for line, to the end of the block; or
-//   message: CATALOG MESSAGE   arguments: NAME=VALUE ...   renders: TEXT (further lines of TEXT
-//   follow until the next message:), as many times as wanted.
-// Argument values are passed as text, as a program reading them from a user would.
+// docs/xmc-format.md. A check reads "load: PATH" and "locale: LOCALE", then either "error:"
+// and the load's whole message to the end of the block, or any number of "message: CATALOG
+// MESSAGE", "arguments: NAME=VALUE ..." (passed as text, as a program reading them from a user
+// would) and "renders: TEXT" (further lines of TEXT follow until the next "message:").
 class XmcFormat : public testing::TestWithParam<example> {};
 
 TEST_P(XmcFormat, ExampleRendersAsWritten) {
@@ -151,13 +126,12 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
   ASSERT_EQ(e.problem, "");
   example_dir dir(e.files);
 
-  std::string path, locale, value;
   struct render {
     std::string catalog, message, arguments, expected;
     bool continued = false;
   };
   std::vector<render> renders;
-  std::string error;
+  std::string path, locale, value, error;
   bool expects_error = false;
   for (const std::string& line : e.check) {
     if (expects_error) {
@@ -171,7 +145,7 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
       error = value;
     } else if (labeled(line, "message", value)) {
       const std::vector<std::string> names = words(value);
-      ASSERT_EQ(names.size(), 2u) << where(e) << ": " << line;
+      ASSERT_EQ(names.size(), 2u) << line;
       renders.push_back(render{names[0], names[1], "", "", false});
     } else if (!renders.empty() && labeled(line, "arguments", value)) {
       renders.back().arguments = value;
@@ -181,51 +155,42 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
     } else if (!renders.empty() && renders.back().continued) {
       renders.back().expected += "\n" + line;
     } else {
-      FAIL() << where(e) << ": line not understood: " << line;
+      FAIL() << "line not understood: " << line;
     }
   }
-  ASSERT_FALSE(path.empty()) << where(e) << ": no load:";
-  ASSERT_FALSE(locale.empty()) << where(e) << ": no locale:";
-  ASSERT_TRUE(expects_error || !renders.empty()) << where(e) << ": nothing to check";
+  ASSERT_FALSE(path.empty() || locale.empty()) << "no load: or no locale:";
+  ASSERT_TRUE(expects_error || !renders.empty()) << "nothing to check";
 
   mota::i18n::message_catalogs catalogs;
   const auto result = catalogs.load(ustring8(path), ustring8(locale));
   if (expects_error) {
-    EXPECT_NE(result.type, mota::i18n::message_catalogs::no_error) << where(e);
+    EXPECT_NE(result.type, mota::i18n::message_catalogs::no_error);
     // A blank line that closes the expected text belongs to the layout, not to the message.
-    EXPECT_EQ(std::string(result.message), error.erase(error.find_last_not_of('\n') + 1))
-        << where(e);
+    EXPECT_EQ(std::string(result.message), error.erase(error.find_last_not_of('\n') + 1));
     return;
   }
-  ASSERT_EQ(result.type, mota::i18n::message_catalogs::no_error)
-      << where(e) << ": " << std::string(result.message);
+  ASSERT_EQ(result.type, mota::i18n::message_catalogs::no_error) << std::string(result.message);
   for (const render& r : renders) {
-    ASSERT_TRUE(catalogs.has_message(ustring8(r.catalog), ustring8(r.message)))
-        << where(e) << ": no message " << r.catalog << " " << r.message;
+    ASSERT_TRUE(catalogs.has_message(ustring8(r.catalog), ustring8(r.message))) << r.message;
     mota::generic::varg_list args;
     for (const std::string& argument : words(r.arguments)) {
       const std::size_t eq = argument.find('=');
-      ASSERT_NE(eq, std::string::npos) << where(e) << ": argument without =: " << argument;
+      ASSERT_NE(eq, std::string::npos) << "argument without =: " << argument;
       args.push_back(ustring8(argument.substr(0, eq)), variant(ustring8(argument.substr(eq + 1))));
     }
     EXPECT_EQ(catalogs.message(ustring8(r.catalog), ustring8(r.message)).as_string(args),
               r.expected)
-        << where(e) << ": " << r.catalog << " " << r.message << " " << r.arguments;
+        << r.catalog << " " << r.message << " " << r.arguments;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Docs, XmcFormat, testing::ValuesIn(examples_of("xmc-format.md")),
                          case_name);
 
-// --- docs/config-format.md -------------------------------------------------------------------
-
-// A check block reads:
-//   command line: PROGRAM ARGUMENT ...   (default: the program "shop" with no arguments)
-//   file: NAME                           (the name the program hands over; default none)
-//   environment: NAME=VALUE ...          (the whole environment the program sees; default none)
-// followed by lines KEY = VALUE (VALUE verbatim after "= "): the value the program gets for KEY,
-// "KEY[] = A, B, C" for the elements of an array, and "KEY = (not set)" for a key that has no
-// value.
+// docs/config-format.md. A check reads "command line: PROGRAM ARGUMENT ..." (default: "shop"
+// alone), "file: NAME" (the name the program hands over) and "environment: NAME=VALUE ..."
+// (the whole environment), then lines "KEY = VALUE" (VALUE verbatim after "= "), "KEY[] = A,
+// B" for the elements of an array and "KEY = (not set)" for a key without a value.
 class ConfigFormat : public testing::TestWithParam<example> {};
 
 TEST_P(ConfigFormat, ExampleReadsAsWritten) {
@@ -237,30 +202,28 @@ TEST_P(ConfigFormat, ExampleReadsAsWritten) {
   std::string file, value;
   std::vector<std::pair<std::string, std::string>> expected;
   for (const std::string& line : e.check) {
+    const std::size_t eq = line.find(" =");
     if (labeled(line, "command line", value)) {
       command_line = words(value);
     } else if (labeled(line, "file", value)) {
       file = value;
     } else if (labeled(line, "environment", value)) {
       environment = words(value);
-    } else if (line.find(" =") != std::string::npos) {
-      // The value is verbatim after "= ", so that blanks in it count; an empty value may
-      // lose its blank to an editor.
-      const std::size_t eq = line.find(" =");
-      const std::string rest = line.substr(eq + 2);
-      expected.emplace_back(trim(line.substr(0, eq)), rest.empty() ? rest : rest.substr(1));
+    } else if (eq != std::string::npos) {
+      // Blanks in the value count; an empty value may lose its blank to an editor.
+      expected.emplace_back(trim(line.substr(0, eq)), line.substr(std::min(eq + 3, line.size())));
     } else if (!trim(line).empty()) {
-      FAIL() << where(e) << ": line not understood: " << line;
+      FAIL() << "line not understood: " << line;
     }
   }
-  ASSERT_FALSE(expected.empty()) << where(e) << ": no key to check";
+  ASSERT_FALSE(expected.empty()) << "no key to check";
 
   std::vector<const char*> argv, envp;
   for (const std::string& word : command_line)
     argv.push_back(word.c_str());
-  argv.push_back(nullptr);
   for (const std::string& entry : environment)
     envp.push_back(entry.c_str());
+  argv.push_back(nullptr);
   envp.push_back(nullptr);
   mota::config::config_manager config;
   config.init(mota::config::std_config_dispatch(static_cast<int>(command_line.size()), argv.data(),
@@ -268,24 +231,20 @@ TEST_P(ConfigFormat, ExampleReadsAsWritten) {
   config.load();
 
   for (const auto& [key, want] : expected) {
-    if (key.size() > 2 && key.compare(key.size() - 2, 2, "[]") == 0) {
-      const ustring8 name(key.substr(0, key.size() - 2));
-      EXPECT_TRUE(config.is_array(name)) << where(e) << ": " << key;
+    const bool array = key.size() > 2 && key.compare(key.size() - 2, 2, "[]") == 0;
+    const ustring8 name(array ? key.substr(0, key.size() - 2) : key);
+    std::string got = std::string(config.get_value(name, variant()).as_string());
+    if (array) {
+      EXPECT_TRUE(config.is_array(name)) << key;
       std::vector<variant> values;
       config.get_array(name, values);
-      std::string joined;
+      got.clear();
       for (const variant& v : values)
-        joined += (joined.empty() ? "" : ", ") + std::string(v.as_string());
-      EXPECT_EQ(joined, want) << where(e) << ": " << key;
-    } else if (want == "(not set)") {
-      EXPECT_FALSE(config.value_exist(ustring8(key)))
-          << where(e) << ": " << key << " is "
-          << std::string(config.get_value(ustring8(key), variant()).as_string());
-    } else {
-      EXPECT_TRUE(config.value_exist(ustring8(key))) << where(e) << ": " << key;
-      EXPECT_EQ(std::string(config.get_value(ustring8(key), variant()).as_string()), want)
-          << where(e) << ": " << key;
+        got += (got.empty() ? "" : ", ") + std::string(v.as_string());
+    } else if (!config.value_exist(name)) {
+      got = "(not set)";
     }
+    EXPECT_EQ(got, want) << key;
   }
 }
 

@@ -12,22 +12,18 @@ namespace {
 using check_t = mota::config::config_file_check;
 using mota::strings::ustring8;
 
-std::string describe(const check_t::warning& w) {
-  std::ostringstream text;
-  text << w.line << " " << w.kind << " " << w.key << "=" << w.stored;
-  if (w.other_line != 0) text << " @" << w.other_line;
-  return text.str();
-}
-
+// The warnings of `text`, one "line kind key=stored @other_line" per line.
 std::string warnings_of(const std::string& text) {
-  std::string all;
   const check_t check{ustring8(text)};
-  for (const check_t::warning& w : check.warnings())
-    all += describe(w) + "\n";
-  return all;
+  std::ostringstream all;
+  for (const check_t::warning& w : check.warnings()) {
+    all << w.line << " " << w.kind << " " << w.key << "=" << w.stored;
+    if (w.other_line != 0) all << " @" << w.other_line;
+    all << "\n";
+  }
+  return all.str();
 }
 
-// Each row: a text and its warnings as "line kind key=stored @other_line", in line order.
 TEST(ConfigFileCheck, WarnsWhereTheStoredValueIsNotTheWrittenOne) {
   const struct {
     const char* text;

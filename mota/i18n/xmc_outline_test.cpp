@@ -18,53 +18,48 @@ namespace {
 
 const std::string kHead = "<?xml version=\"1.0\"?>\n<xmc version=\"1.1\">";
 
+// "include FILE;" per include, then per section "CATALOG[LANG]:" (no brackets without a lang)
+// and its messages as " NAME{KEY}(ARG:TYPE)...", "~" marking a message without a name.
+std::string describe(const xmc_outline& outline) {
+  std::string text = outline.well_formed ? "" : "ill-formed ";
+  for (const auto& file : outline.includes)
+    text += "include " + file + "; ";
+  for (const auto& section : outline.sections) {
+    text += section.catalog + (section.has_lang ? "[" + section.lang + "]" : "") + ":";
+    for (const auto& m : section.messages) {
+      text += " " + (m.named ? m.name : "~") + "{" + m.key + "}";
+      for (const auto& a : m.arguments)
+        text += "(" + a.name + ":" + a.type + ")";
+    }
+    text += "; ";
+  }
+  return text;
+}
+
 }  // namespace
 
 TEST(XmcOutline, KeepsEverySectionMessageAndArgumentAsWritten) {
-  const xmc_outline outline = read_xmc_outline(
-      kHead +
-      "<include file=\"de.xmc\"/>"
-      "<catalog name=\"app\" lang=\"en\"><msg name=\"a\">x <arg name=\"n\" type=\"Colour\"/>"
-      "<br/></msg><msg>no name</msg></catalog>"
-      "<catalog name=\"app\" lang=\"en\"><msg name=\"a\"/></catalog>"
-      "<catalog name=\"app\"><msg name=\"b\"><argument name=\"t\"/></msg></catalog>"
-      // Not where the loader takes them: a msg under the root, a catalog in a catalog.
-      "<msg name=\"stray\"/><catalog name=\"c\" lang=\"de\"><catalog name=\"inner\"/></catalog>"
-      "</xmc>");
-  EXPECT_TRUE(outline.well_formed);
-  ASSERT_EQ(1u, outline.includes.size());
-  EXPECT_EQ("de.xmc", outline.includes[0]);
-  ASSERT_EQ(4u, outline.sections.size());
-  const xmc_outline::section& first = outline.sections[0];
-  EXPECT_EQ("app", first.catalog);
-  EXPECT_EQ("en", first.lang);
-  ASSERT_EQ(2u, first.messages.size());
-  EXPECT_TRUE(first.messages[0].named);
-  ASSERT_EQ(1u, first.messages[0].arguments.size());
-  EXPECT_EQ("n", first.messages[0].arguments[0].name);
-  EXPECT_EQ("Colour", first.messages[0].arguments[0].type);
-  EXPECT_FALSE(first.messages[1].named);
   // Keys ignore white space and formats, so that a written and a loaded variant compare.
-  EXPECT_EQ("xn", first.messages[0].key);
-  EXPECT_EQ("noname", first.messages[1].key);
+  EXPECT_EQ(
+      "include de.xmc; app[en]: a{xn}(n:Colour) ~{noname}; app[en]: a{}; app: b{t}(t:); c[de]:; ",
+      describe(read_xmc_outline(
+          kHead + "<include file=\"de.xmc\"/><catalog name=\"app\" lang=\"en\"><msg name=\"a\">x "
+                  "<arg name=\"n\" type=\"Colour\"/><br/></msg><msg>no name</msg></catalog>"
+                  "<catalog name=\"app\" lang=\"en\"><msg name=\"a\"/></catalog>"
+                  "<catalog name=\"app\"><msg name=\"b\"><argument name=\"t\"/></msg></catalog>"
+                  // Not where the loader takes them: a msg under the root, a catalog in a catalog.
+                  "<msg name=\"stray\"/><catalog name=\"c\" lang=\"de\"><catalog name=\"inner\"/>"
+                  "</catalog></xmc>")));
   EXPECT_EQ("xn", mota::i18n::message_key(mota::i18n::message_t(
-                      "a", {message_item(" x\n"), message_item("n\x01"
-                                                               "hex\x01"
-                                                               "1",
-                                                               message_item::int_)})));
-  EXPECT_FALSE(outline.sections[2].has_lang);
-  EXPECT_EQ("", outline.sections[2].messages[0].arguments[0].type);
-  EXPECT_EQ("c", outline.sections[3].catalog);
-  EXPECT_TRUE(outline.sections[3].messages.empty());
+                      "a", {message_item(" x\n"),
+                            message_item(std::string("n\x01hex\x01") + "1", message_item::int_)})));
 }
 
 TEST(XmcOutline, KeepsWhatWasReadBeforeAnXmlFault) {
-  const xmc_outline outline =
-      read_xmc_outline(kHead + "<catalog name=\"app\" lang=\"en\"><msg name=\"a\">x</mgs>");
-  EXPECT_FALSE(outline.well_formed);
-  ASSERT_EQ(1u, outline.sections.size());
-  EXPECT_EQ(1u, outline.sections[0].messages.size());
-  EXPECT_TRUE(read_xmc_outline("").sections.empty());
+  EXPECT_EQ("ill-formed app[en]: a{x}; ",
+            describe(read_xmc_outline(
+                kHead + "<catalog name=\"app\" lang=\"en\"><msg name=\"a\">x</mgs>")));
+  EXPECT_EQ("ill-formed ", describe(read_xmc_outline("")));
 }
 
 // The keyword table must agree with the loader's: each keyword, in odd case, is loaded and
