@@ -1,8 +1,8 @@
-# Every ```cpp block of README.md is a whole program: it is compiled against the library as a
-# consumer would compile it and run by ctest. When the next fenced block after it is a ```text
-# block, that block is what the program must print, byte for byte; otherwise the program must
-# exit 0 (such examples end with their own checks). Tests are named after the block's line in
-# the README, so a failure points at the example.
+# Every ```cpp block of README.md is a whole program: it is compiled with the public headers
+# and linked with mota::mota, as a consumer would build it, and run by ctest. When the next
+# fenced block after it is a ```text block, that block is what the program must print, byte for
+# byte; otherwise the program must exit 0 (such examples end with their own checks). Tests are
+# named after the block's line in the README, so a failure points at the example.
 set(MOTA_README "${PROJECT_SOURCE_DIR}/README.md")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${MOTA_README}")
 file(READ "${MOTA_README}" readme)
@@ -43,6 +43,7 @@ while(TRUE)
   math(EXPR consumed "${consumed} + ${after}")
 
   set(name "readme_example_line_${line}")
+  list(APPEND examples "${name}")
   mota_write_if_changed("${examples_dir}/${name}.cpp" "${code}")
   add_executable(${name} "${examples_dir}/${name}.cpp")
   target_link_libraries(${name} PRIVATE mota::mota)
@@ -70,3 +71,13 @@ while(TRUE)
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
   set_tests_properties(${name} PROPERTIES LABELS readme)
 endwhile()
+
+# Sources of examples that have since moved or gone.
+file(GLOB generated "${examples_dir}/readme_example_line_*")
+foreach(file IN LISTS generated)
+  string(REGEX REPLACE "\\.[a-z]+$" "" stem "${file}")
+  get_filename_component(stem "${stem}" NAME)
+  if(NOT stem IN_LIST examples)
+    file(REMOVE "${file}")
+  endif()
+endforeach()
