@@ -34,6 +34,21 @@ run() {
   return 0
 }
 
+# Like run, but shows only the output lines that match the extended regular expression
+# FILTER, as the shown command says; the exit status shown is the command's own.
+run_grep() {
+  local filter=$1 shown=() word
+  shift
+  for word in "$@"; do
+    if [ "$word" = "$tool" ]; then shown+=(mota); else shown+=("$(printf '%q' "$word")"); fi
+  done
+  printf "\$ %s | grep -E '%s'\n" "${shown[*]}" "$filter"
+  "$@" 2>&1 | grep -E -- "$filter"
+  local status=${PIPESTATUS[0]}
+  if [ $status -ne 0 ]; then printf '(exit status %d)\n' "$status"; fi
+  return 0
+}
+
 heading "One message, three locales"
 for locale in en_GB de_DE fr_FR; do
   run "$tool" catalog render examples/catalogs/shop.xmc --locale "$locale" shop cart count=3 total=59.9
@@ -50,6 +65,14 @@ run env log.level=debug "$tool" config get log.level
 run env log.level=debug "$tool" config get log.level --file examples/config/app.cfg
 run env log.level=debug "$tool" config get log.level --file examples/config/app.cfg -- -log.level=trace
 run "$tool" config get server.colours --file examples/config/app.cfg
+
+heading "Linting a catalog set: what translators should fix, in every language"
+run_grep 'untranslated\]|argument-(kind|renamed)\]|^catalog lint:' "$tool" catalog lint examples/broken/lint
+
+heading "A configuration file that does not say what it means"
+run_grep 'comment begins|joins the next key|warning\(s\)' "$tool" config check examples/config/broken.cfg
+run "$tool" config get log.level --show-origin --file examples/config/broken.cfg
+run "$tool" config get log.level --show-origin --file examples/config/broken.cfg -- -log.level=trace
 
 heading "CP1252 text converted to UTF-8"
 latin='Caf\xe9 cr\xe8me br\xfbl\xe9e \x80 4,50\n'
