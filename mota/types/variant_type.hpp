@@ -73,14 +73,18 @@ class MOTA_API variant_type
   virtual long double as_long_double() const = 0;
   //@}
 
+  //@{
   // Value objects of the small types (nil, booleans, numbers) take their storage from a short
   // list of free blocks that each thread keeps, instead of the heap on every variant; larger ones
   // use the heap. Storage given back on another thread joins that thread's list.
   static void* operator new(std::size_t size);
   static void operator delete(void* object, std::size_t size) noexcept;
+  //@}
+  //@{
   // Placement forms, which declaring the above would otherwise hide.
   static void* operator new(std::size_t, void* where) noexcept { return where; }
   static void operator delete(void*, void*) noexcept {}
+  //@}
 
  protected:
   //@{
