@@ -1,7 +1,7 @@
 #include <mota/i18n/xmc_outline.hpp>
 
+#include <mota/i18n/_private/type_keywords.hpp>
 #include <mota/parser/xml_token_stream.hpp>
-#include <mota/strings/_private/ascii_lower.hpp>
 
 #include <cctype>
 #include <string>
@@ -11,34 +11,6 @@ namespace i18n {
 namespace {
 
 using token = parser::xml_token_stream::token;
-
-struct keyword_kind {
-  const char* word;
-  message_item::type_t kind;
-};
-
-const keyword_kind kKeywords[] = {{"date", message_item::date},
-                                  {"duration", message_item::duration},
-                                  {"memory", message_item::memory},
-                                  {"mem", message_item::memory},
-                                  {"mem_unit", message_item::memory_unit},
-                                  {"memory_unit", message_item::memory_unit},
-                                  {"metric", message_item::metric},
-                                  {"metric_unit", message_item::metric_unit},
-                                  {"number", message_item::number},
-                                  {"int", message_item::int_},
-                                  {"double", message_item::double_},
-                                  {"string", message_item::string},
-                                  {"time", message_item::time},
-                                  {"value", message_item::text}};
-
-const keyword_kind* find_keyword(const strings::ustring8& word) {
-  const std::string lower = strings::_private::ascii_lower(word);
-  for (const keyword_kind& entry : kKeywords) {
-    if (lower == entry.word) return &entry;
-  }
-  return nullptr;
-}
 
 void append_without_space(strings::ustring8& key, const std::string& text) {
   for (const char c : text) {
@@ -166,12 +138,14 @@ strings::ustring8 message_key(const message_t& message) {
 }
 
 bool is_type_keyword(const strings::ustring8& word) {
-  return find_keyword(word) != nullptr;
+  message_item::type_t kind = message_item::string;
+  return _private::find_type_keyword(word, kind);
 }
 
 message_item::type_t kind_of_keyword(const strings::ustring8& word) {
-  const keyword_kind* entry = find_keyword(word);
-  return entry ? entry->kind : message_item::string;
+  message_item::type_t kind = message_item::string;
+  _private::find_type_keyword(word, kind);
+  return kind;
 }
 
 bool always_renders_invalid(message_item::type_t kind) {

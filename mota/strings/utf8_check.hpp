@@ -18,6 +18,10 @@ namespace strings {
 // short), or std::string::npos when all of `text` is well-formed.
 MOTA_API std::size_t invalid_utf8_offset(const std::string& text);
 
+// The length (1 to 4) of the well-formed UTF-8 sequence that starts at `text[at]`, or 0 when
+// none starts there (by the same rules); `at` must be inside `text`.
+MOTA_API std::size_t utf8_sequence_length(const std::string& text, std::size_t at);
+
 }  // namespace strings
 }  // namespace MOTA_2_18
 

@@ -1,5 +1,7 @@
 #include <mota/i18n/_private/xmc_message_reader.hpp>
 
+#include <mota/i18n/_private/type_keywords.hpp>
+
 #include <iterator>
 
 namespace MOTA_2_18 {
@@ -22,37 +24,11 @@ bool is_format_key(std::string_view key) {
   return false;
 }
 
-// The item kind of a "type" keyword, compared without regard to ASCII case; unknown words
-// give string.
+// The item kind of a "type" keyword; unknown words give string.
 message_item::type_t type_from_keyword(std::string_view keyword) {
-  static const struct {
-    std::string_view word;
-    message_item::type_t type;
-  } kTypes[] = {{"date", message_item::date},
-                {"duration", message_item::duration},
-                {"memory", message_item::memory},
-                {"mem", message_item::memory},
-                {"mem_unit", message_item::memory_unit},
-                {"memory_unit", message_item::memory_unit},
-                {"metric", message_item::metric},
-                {"metric_unit", message_item::metric_unit},
-                {"number", message_item::number},
-                {"int", message_item::int_},
-                {"double", message_item::double_},
-                {"string", message_item::string},
-                {"time", message_item::time},
-                {"value", message_item::text}};
-  for (const auto& entry : kTypes) {
-    if (entry.word.size() != keyword.size()) continue;
-    bool same = true;
-    for (std::size_t i = 0; same && i < keyword.size(); ++i) {
-      char c = keyword[i];
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-      same = c == entry.word[i];
-    }
-    if (same) return entry.type;
-  }
-  return message_item::string;
+  message_item::type_t kind = message_item::string;
+  find_type_keyword(keyword, kind);
+  return kind;
 }
 
 }  // namespace
