@@ -115,13 +115,8 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
       {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
       {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
-      {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
-       4000000000u, true, 4e9},
-      {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
-       -2.9},
       // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
       {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
-      {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
   };
   for (const row& r : rows) {
     SCOPED_TRACE(r.label);
