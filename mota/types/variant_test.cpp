@@ -95,8 +95,9 @@ TEST(Variant, NullTextPointersThrowWithoutLeaking) {
   EXPECT_THROWS_STD(variant{wide}, std::logic_error, "basic_string::_M_construct null not valid");
 }
 
-TEST(Variant, NumericConversionsOfEveryHeldKind) {
-  constexpr unsigned long long u64max = std::numeric_limits<unsigned long long>::max();
+// Held numbers and texts convert as the variant fuzz target's model says (arithmetic
+// conversions, the str_to_x parser of each width); nil and a boolean are outside that model.
+TEST(Variant, NilAndBooleanConvertToEveryNumber) {
   struct row {
     const char* label;
     variant value;
@@ -114,9 +115,6 @@ TEST(Variant, NumericConversionsOfEveryHeldKind) {
   const row rows[] = {
       {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
       {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
-      {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
-      // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
-      {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
   };
   for (const row& r : rows) {
     SCOPED_TRACE(r.label);
