@@ -237,7 +237,8 @@ TEST(XmcLoader, EveryErrorKindFromAFile) {
   }
 }
 
-TEST(XmcLoader, HeaderChecks) {
+// The header rules, then each XML fault (kind 4) as the loader words it.
+TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
   const struct {
     std::string content;
     int kind;
@@ -247,42 +248,28 @@ TEST(XmcLoader, HeaderChecks) {
       {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
       {"<?xml?><xmc version=\"1.0 \"/>", 8, "XMC version \"1.0 \" is not supported"},
       {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
+      {"<?xml?><xmc version=\"1.0\">", 4,
+       "Unexpected end of file during XML parsing\n at line: \"0\""},
+      {"<?xml?>\n<xmc version=\"1.0\"></xmx>", 4,
+       "Mismatched end element \"xmx\" was found\n at line: \"1\""},
+      {"<?xml version=\"1.0\"?>\n\n", 4, "No root element was found\n at line: \"2\""},
+      {"<xmc version=\"1.0\"/>", 4, "Valid XML header not found\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\"><1/></xmc>", 4,
+       "Unexpected character \"1\" found while parsing\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0", 4,
+       "Missing \" while parsing attribute \"version\"\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\">&zz;</xmc>", 4, "Unknown enity being parsed\n at line: \"0\""},
+      {"<?xml?>\n\n\n<xmc version \"1.0\"/>", 4,
+       "Missing = sign for attribute \"version\"\n at line: \"3\""},
+      {"<?xml?><xmc version=\"1.0\" version=\"1.1\"/>", 4,
+       "attribute \"version\" is being redefined\n at line: \"0\""},
+      {"<?xml?><xmc version=\"1.0\"/>\n<b/>", 4, "Data found after root element\n at line: \"1\""},
   };
   for (const auto& c : cases) {
     xmc_file_loader loader;
     load_error e = loader.parse_string(c.content, "h.xmc");
     EXPECT_EQ(c.kind, e.type) << c.content;
     EXPECT_EQ(kPrefix + c.text + (c.kind ? in_file("h.xmc") : ""), e.message) << c.content;
-  }
-}
-
-TEST(XmcLoader, ParseErrorMessages) {
-  const struct {
-    std::string content;
-    std::string text;
-  } cases[] = {
-      {"<?xml?><xmc version=\"1.0\">",
-       "Unexpected end of file during XML parsing\n at line: \"0\""},
-      {"<?xml?>\n<xmc version=\"1.0\"></xmx>",
-       "Mismatched end element \"xmx\" was found\n at line: \"1\""},
-      {"<?xml version=\"1.0\"?>\n\n", "No root element was found\n at line: \"2\""},
-      {"<xmc version=\"1.0\"/>", "Valid XML header not found\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0\"><1/></xmc>",
-       "Unexpected character \"1\" found while parsing\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0",
-       "Missing \" while parsing attribute \"version\"\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0\">&zz;</xmc>", "Unknown enity being parsed\n at line: \"0\""},
-      {"<?xml?>\n\n\n<xmc version \"1.0\"/>",
-       "Missing = sign for attribute \"version\"\n at line: \"3\""},
-      {"<?xml?><xmc version=\"1.0\" version=\"1.1\"/>",
-       "attribute \"version\" is being redefined\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0\"/>\n<b/>", "Data found after root element\n at line: \"1\""},
-  };
-  for (const auto& c : cases) {
-    xmc_file_loader loader;
-    load_error e = loader.parse_string(c.content, "p.xmc");
-    EXPECT_EQ(4, e.type) << c.content;
-    EXPECT_EQ(kPrefix + c.text + in_file("p.xmc"), e.message) << c.content;
   }
 }
 
