@@ -115,14 +115,6 @@ TEST(ConfigLexer, SequencesCarryPositions) {
                            {T::T_SPACE, "", 4, 5},
                            {T::T_NUM, "1", 5, 6}});
   expect_tokens("x\r\n", {{T::T_VAR, "x", 0, 1}, {T::T_NEWLINE, "\n", 1, 3}});
-  expect_tokens("-3", {{T::T_MINUS, "-", 0, 1}, {T::T_NUM, "3", 1, 2}});
-  expect_tokens("1.5e2", {{T::T_NUM, "1", 0, 1},
-                          {T::T_DOT, ".", 1, 2},
-                          {T::T_NUM, "5", 2, 3},
-                          {T::T_VAR, "e", 3, 4},
-                          {T::T_NUM, "2", 4, 5}});
-  expect_tokens("a_b",
-                {{T::T_VAR, "a", 0, 1}, {T::T_NON_ALPHA_NUM, "_", 1, 2}, {T::T_VAR, "b", 2, 3}});
   expect_tokens("k=\"v w\"#c", {{T::T_VAR, "k", 0, 1},
                                 {T::T_EQ, "=", 1, 2},
                                 {T::T_STRING, "v w", 2, 7},

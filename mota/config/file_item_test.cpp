@@ -119,28 +119,6 @@ TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
   unnamed.save();  // no file name: nothing written
 }
 
-TEST(ConfigFileItem, SaveWritesWhatLoadReadsBack) {
-  mota_test::temp_dir dir;
-  const std::string path = dir / "out.cfg";
-  file_item item(path);
-  item.parse(
-      "top = 1\n"
-      "spaced = \"a b\\tc\"\n"
-      "url = \"http://x/y#z\"\n"
-      "odd = \"a=b,c[d]\"\n"
-      "[window]\nwidth = 640\ntitle = \"Main window\"\n"
-      "[window.inner]\ndepth = 2\n"
-      "[lists]\nempty[] = \"\"\nxs[] = 1, \"two words\", \"x,y\"\n"
-      "[\"odd section\"]\nk = v\n");
-  item.set("multi", variant(ustring8("line\none")), 0u);
-  const std::string before = render(item);
-  ASSERT_TRUE(item.save_file());
-
-  file_item reread(path);
-  ASSERT_TRUE(reread.load_file());
-  EXPECT_EQ(before, render(reread));
-}
-
 TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
   mota_test::temp_dir dir;
   write(dir / "given.cfg", "from = given\n");

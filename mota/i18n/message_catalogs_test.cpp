@@ -60,10 +60,10 @@ TEST(MessageCatalogsResult, MessagesByKind) {
     result_type r(static_cast<message_catalogs::error_type>(c.kind), "d");
     EXPECT_EQ(c.kind, r.type);
     EXPECT_EQ(c.expected, r.message);
-    std::ostringstream out;
-    out << r;
-    EXPECT_EQ(c.expected, out.str());
   }
+  std::ostringstream out;
+  out << result_type(message_catalogs::no_catalog_loaded, "d");
+  EXPECT_EQ(kHead + "No catalog was loaded in file: \"d\"", out.str());
   // A kind without a text of its own is named by its type and value (no head line).
   const std::string unknown =
       result_type(static_cast<message_catalogs::error_type>(2), "d").message;
@@ -99,9 +99,7 @@ TEST(MessageCatalogsResult, HeadlinesForLoaderErrors) {
 TEST(MessageCatalogs, LoadFileAndLookUp) {
   message_catalogs cats;
   EXPECT_TRUE(cats == mota::types::nil);
-  result_type r = cats.load(data_dir() + "catalogs/app.xmc", "de_DE");
-  EXPECT_EQ(0, r.type);
-  EXPECT_EQ(kHead + "No Error\n xmc_file_loader::load_error - No Error", r.message);
+  ASSERT_EQ(0, cats.load(data_dir() + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(4u, cats.size());
   EXPECT_EQ(7u, cats.count(u16("app")));
   EXPECT_EQ(0u, cats.size(u32("nope")));
@@ -113,7 +111,6 @@ TEST(MessageCatalogs, LoadFileAndLookUp) {
   EXPECT_FALSE(cats.has_message(u32("app"), u32("only_fr")));
   EXPECT_FALSE(cats.has_message("nope", "hello"));
   EXPECT_EQ(&message_catalogs::s_nil_message, &cats.message("nope", "hello"));
-  EXPECT_TRUE(cats.message("nope", "hello") == mota::types::nil);
   EXPECT_TRUE(cats.message("app", "nope") == mota::types::nil);
   EXPECT_FALSE(cats.has_catalog(u32("nolang")));
   EXPECT_EQ(&message_catalogs::s_nil_catalog, &cats.catalog("nolang"));
@@ -149,22 +146,14 @@ TEST(MessageCatalogs, HasCatalogForLocale) {
 TEST(MessageCatalogs, LoadResultsForMissingAndEmptyLoads) {
   message_catalogs cats;
   const std::string missing = data_dir() + "no_such_entry";
-  result_type r = cats.load(missing, "en");
-  EXPECT_EQ(5, r.type);
-  EXPECT_EQ(kHead + "Entity (file or directory) \"" + missing + "\" was not found on disk",
-            r.message);
-  r = cats.load_directory(missing, "en");
-  EXPECT_EQ(4, r.type);
-  EXPECT_EQ(kHead + "Directory \"" + missing + "\" was not found on disk", r.message);
-  r = cats.load_file(missing, "en");
-  EXPECT_EQ(3, r.type);
+  EXPECT_EQ(5, cats.load(missing, "en").type);
+  EXPECT_EQ(4, cats.load_directory(missing, "en").type);
+  EXPECT_EQ(3, cats.load_file(missing, "en").type);
 
   // every section filtered out: kind 1 while nothing is held, kind 0 afterwards
   const std::string file = data_dir() + "dir/nested/c.xml";  // lang de only
-  r = cats.load(file, "fr");
+  EXPECT_EQ(1, cats.load(file, "fr").type);
   EXPECT_EQ(0u, cats.size());
-  EXPECT_EQ(1, r.type);
-  EXPECT_EQ(kHead + "No catalog was loaded in file: \"" + file + "\"", r.message);
   ASSERT_EQ(0, cats.load(data_dir() + "dir/a.xmc", "fr").type);  // en is always acceptable
   EXPECT_EQ(0, cats.load(file, "fr").type);
   EXPECT_EQ(1u, cats.size());
@@ -207,10 +196,7 @@ TEST(MessageCatalogs, FailureStopsTheWalkAndKeepsEarlierCatalogs) {
   EXPECT_FALSE(dir_cats.has_catalog("bad"));
 
   std::vector<std::string> with_missing{tmp / "good.xmc", tmp / "gone.xmc"};
-  r = message_catalogs().load(with_missing, "en");
-  EXPECT_EQ(5, r.type);
-  EXPECT_EQ(kHead + "Entity (file or directory) \"" + tmp / "gone.xmc" + "\" was not found on disk",
-            r.message);
+  EXPECT_EQ(5, message_catalogs().load(with_missing, "en").type);
 }
 
 TEST(MessageCatalogs, LaterFilesOfEqualWeightReplaceMessages) {

@@ -20,33 +20,11 @@ std::string dump(const xml_token_stream& stream) {
   return out;
 }
 
-struct stream_case {
-  const char* input;
-  error::error_type type;
-  const char* tokens;
-};
-
 }  // namespace
 
-TEST(XmlTokenStream, TokenSequences) {
-  const stream_case cases[] = {
-      // element_start 0, element_end 1, attribute name 2 / value 3, start_tag_end 4,
-      // comment 5, space 6, character 7
-      {"<?xml?><r a='1'><!--c--> x</r>", error::no_error,
-       "0:r\n2:a\n3:1\n5:c\n4:\n6: \n7:x\n1:r\n"},
-      // A failure keeps the tokens produced before it.
-      {"<?xml?><a x='1'<!--x-->", error::unexpected_character, "0:a\n2:x\n3:1\n"},
-      {"<?xml?><a></a x='1'>", error::no_error, "0:a\n4:\n1:a\n2:x\n3:1\n"},
-      {"<?xml?><!--h--><a/><!--t-->", error::no_error, "5:h\n0:a\n4:\n1:a\n5:t\n"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.input);
-    xml_token_stream stream;
-    EXPECT_EQ(c.type, stream.parse(ustring8(c.input)).type);
-    EXPECT_EQ(std::string(c.tokens), dump(stream));
-  }
-}
-
+// How events become tokens (the start_tag_end rule, tokens kept before a fault) is checked
+// against the scanner by the agreement fuzz target; these pin what it cannot see: state that
+// lives on between parses.
 TEST(XmlTokenStream, SecondParseAppendsAndContinues) {
   xml_token_stream stream;
   EXPECT_EQ(error::unexpected_eof, stream.parse(ustring8("<?xml?><a><b x='1'")).type);

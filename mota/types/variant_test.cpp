@@ -53,6 +53,8 @@ TEST(Variant, DefaultIsNil) {
   EXPECT_TRUE(variant(nil) == nil);
 }
 
+// Conversions from every held number kind, nil and booleans are the variant fuzz target's;
+// which kind a constructor keeps is checked here.
 TEST(Variant, ConstructorsChooseTheHeldType) {
   const unsigned short units[] = {'1', '2', 0};
   struct row {
@@ -62,15 +64,7 @@ TEST(Variant, ConstructorsChooseTheHeldType) {
   const row rows[] = {
       {variant(true), typeid(bool)},
       {variant(static_cast<signed char>(1)), typeid(signed char)},
-      {variant(static_cast<short>(1)), typeid(short)},
-      {variant(1), typeid(int)},
-      {variant(1LL), typeid(long long)},
-      {variant(static_cast<unsigned char>(1)), typeid(unsigned char)},
-      {variant(static_cast<unsigned short>(1)), typeid(unsigned short)},
-      {variant(1u), typeid(unsigned int)},
       {variant(1ULL), typeid(unsigned long long)},
-      {variant(1.0f), typeid(float)},
-      {variant(1.0), typeid(double)},
       {variant(1.0L), typeid(long double)},
       {variant("x"), typeid(ustring8)},
       {variant(ustring8("x")), typeid(ustring8)},
@@ -93,55 +87,6 @@ TEST(Variant, NullTextPointersThrowWithoutLeaking) {
   EXPECT_THROWS_STD(variant{narrow}, std::logic_error, "basic_string::_M_construct null not valid");
   EXPECT_THROWS_STD(variant{utf16}, std::logic_error, "basic_string::_M_construct null not valid");
   EXPECT_THROWS_STD(variant{wide}, std::logic_error, "basic_string::_M_construct null not valid");
-}
-
-TEST(Variant, NumericConversionsOfEveryHeldKind) {
-  constexpr unsigned long long u64max = std::numeric_limits<unsigned long long>::max();
-  struct row {
-    const char* label;
-    variant value;
-    int i;
-    short s;
-    std::int8_t i8;
-    std::int64_t i64;
-    std::uint8_t u8;
-    std::uint16_t u16;
-    std::uint32_t u32;
-    std::uint64_t u64;
-    bool b;
-    double d;
-  };
-  const row rows[] = {
-      {"nil", variant(), 0, 0, 0, 0, 0, 0, 0, 0, false, 0.0},
-      {"true", variant(true), 1, 1, 1, 1, 1, 1, 1, 1, true, 1.0},
-      {"int -1", variant(-1), -1, -1, -1, -1, 255, 65535, 4294967295u, u64max, true, -1.0},
-      {"uint 4e9", variant(4000000000u), -294967296, 10240, 0, 4000000000LL, 0, 10240, 4000000000u,
-       4000000000u, true, 4e9},
-      {"double -2.9", variant(-2.9), -2, -2, -2, -2, 254, 65534, 4294967294u, u64max - 1, true,
-       -2.9},
-      // Text is parsed by the parser of each width, so narrow reads saturate rather than wrap.
-      {"text 300", variant("300"), 300, 300, 127, 300, 255, 300, 300, 300, true, 300.0},
-      {"utf16 -7.5", variant(u16("-7.5")), -7, -7, -7, -7, 0, 0, 0, 0, true, -7.5},
-  };
-  for (const row& r : rows) {
-    SCOPED_TRACE(r.label);
-    const variant& v = r.value;
-    EXPECT_EQ(r.i, v.as_int());
-    EXPECT_EQ(r.i, v.as_int32());
-    EXPECT_EQ(r.i, v.as_long());
-    EXPECT_EQ(r.s, v.as_short());
-    EXPECT_EQ(r.s, v.as_int16());
-    EXPECT_EQ(r.i8, v.as_int8());
-    EXPECT_EQ(r.i64, v.as_int64());
-    EXPECT_EQ(r.u8, v.as_uint8());
-    EXPECT_EQ(r.u16, v.as_uint16());
-    EXPECT_EQ(r.u32, v.as_uint32());
-    EXPECT_EQ(r.u64, v.as_uint64());
-    EXPECT_EQ(r.b, v.as_bool());
-    EXPECT_DOUBLE_EQ(r.d, v.as_double());
-    EXPECT_FLOAT_EQ(static_cast<float>(r.d), v.as_float());
-    EXPECT_DOUBLE_EQ(r.d, static_cast<double>(v.as_long_double()));
-  }
 }
 
 // Floating values beyond a target's range convert as the x86 instructions do: the register's
@@ -198,16 +143,14 @@ TEST(Variant, FloatingBeyondTheRangeConvertsLikeTheProcessor) {
   }
 }
 
-TEST(Variant, StreamsEachKindByItsOwnRule) {
+// Numbers, booleans and nil stream as the variant fuzz target's model says; texts are written
+// by rules of their own.
+TEST(Variant, StreamsTextsByTheirOwnRule) {
   struct row {
     variant value;
     std::string out;
   };
   const row rows[] = {
-      {variant(), "0"},
-      {variant(true), "1"},
-      {variant(static_cast<signed char>(65)), "65"},
-      {variant(1234567.0f), "1.23457e+06"},
       {variant(ustring8(std::string("a\0b", 3))), std::string("a\0b", 3)},
       {variant(std::string("a\0b", 3)), std::string("a\0b", 3)},
       // UTF-16 and UTF-32 text are written as C strings and stop at the first NUL.

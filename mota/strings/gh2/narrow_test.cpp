@@ -15,22 +15,17 @@ TEST(Gh2Utf8, ClassifiesAndValidatesTheFirstSequence) {
     unsigned int length;
     bool valid;
   } const cases[] = {
-      {"A", 1, 1, true},
-      {"\x7F", 1, 1, true},
-      {"\xC3\xA9", 2, 2, true},
+      // Whole sequences agree with the UTF-8 decoder (the utf fuzz target checks that); these
+      // are the lengths given for sequences that are not whole, and the range beyond U+10FFFF.
+      {"\xF7\xBF\xBF\xBF", 4, 4, true},
       {"\xC3\xA9", 1, 2, false},  // size too small for the sequence
       {"\xC3\x41", 2, 2, false},
-      {"\xDF\xBF", 2, 2, true},
-      {"\xE2\x82\xAC", 3, 3, true},
       {"\xE2\x82\xAC", 2, 3, false},
       {"\xEF\xC0\x80", 3, 3, false},
-      {"\xF0\x9F\x98\x80", 4, 4, true},
-      {"\xF7\xBF\xBF\xBF", 4, 4, true},
       {"\xF0\x9F\x98\x7F", 4, 4, false},
       {"\xF8\x88\x80\x80", 4, 0, false},
       {"\xFF", 1, 0, false},
       {"\x80", 1, 0, false},
-      {"\xBF", 1, 0, false},
       {"A", 0, 0, false},
   };
   for (const auto& c : cases) {
