@@ -9,7 +9,7 @@ all: build
 
 # Line coverage of mota/ that `make coverage` must reach. Raise it when coverage rises; never
 # lower it.
-COVERAGE_LINE_FLOOR ?= 94.1
+COVERAGE_LINE_FLOOR ?= 94.4
 
 deps:
 	bash scripts/install-deps.sh build
