@@ -40,12 +40,14 @@ std::string from_buffer(const std::string& text) {
 // The loader's compact tokens must be the token stream's tokens: same kinds, texts and order,
 // also up to a scan failure.
 TEST(XmcTokenBuffer, MatchesTheTokenStream) {
+  const char* const kCatalog =
+      "<?xml?><xmc version='1.0'><catalog name='c' lang='de'><msg name='m'>Hi <arg name='n' "
+      "type='int' fieldsize='3'/>!</msg></catalog></xmc>";
   const char* const kDocuments[] = {
       "<?xml?><r a='1'><!--c--> x</r>",
       "<?xml?><r/>",
       "<?xml?><r><a b=\"&lt;&#65;\"/><!--x--><b>one  two<br/>&amp;</b>\n <![CDATA[<z>]]></r>",
-      "<?xml?><xmc version='1.0'><catalog name='c' lang='de'><msg name='m'>Hi <arg name='n' "
-      "type='int' fieldsize='3'/>!</msg></catalog></xmc>",
+      kCatalog,
       "<?xml?><r><aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa/></r>",  // name stored twice
       "<?xml?><r><a></b></r>",                              // fails after some tokens
       "<?xml?><r x='1' x='2'/>",
