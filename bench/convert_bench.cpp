@@ -245,10 +245,10 @@ std::string cp936_text() {
   return s;
 }
 
-// The same work with bare iconv: open, convert into a buffer sized to the input and grown on
-// E2BIG, close.
-std::string bare_iconv(const std::string& input, const char* from) {
-  iconv_t cd = iconv_open("UTF-8", from);
+// The peer's conversion on an open descriptor: reset its state, convert into a buffer sized to
+// the input and grown on E2BIG.
+std::string cached_iconv(iconv_t cd, const std::string& input) {
+  iconv(cd, nullptr, nullptr, nullptr, nullptr);
   std::string out(input.size(), '\0');
   char* in = const_cast<char*>(input.data());
   std::size_t in_left = input.size();
@@ -264,6 +264,13 @@ std::string bare_iconv(const std::string& input, const char* from) {
     }
   }
   out.resize(written);
+  return out;
+}
+
+// The same work with bare iconv: open, convert, close.
+std::string bare_iconv(const std::string& input, const char* from) {
+  iconv_t cd = iconv_open("UTF-8", from);
+  std::string out = cached_iconv(cd, input);
   iconv_close(cd);
   return out;
 }
@@ -320,26 +327,6 @@ pieces_t short_pieces(const std::string& text, bool utf8) {
     at += length;
   }
   return pieces;
-}
-
-std::string cached_iconv(iconv_t cd, const std::string& input) {
-  iconv(cd, nullptr, nullptr, nullptr, nullptr);
-  std::string out(input.size(), '\0');
-  char* in = const_cast<char*>(input.data());
-  std::size_t in_left = input.size();
-  std::size_t written = 0;
-  while (in_left > 0) {
-    char* o = &out[0] + written;
-    std::size_t o_left = out.size() - written;
-    const std::size_t r = iconv(cd, &in, &in_left, &o, &o_left);
-    written = static_cast<std::size_t>(o - out.data());
-    if (r == static_cast<std::size_t>(-1)) {
-      if (errno != E2BIG) break;
-      out.resize(out.size() + 2 * in_left);
-    }
-  }
-  out.resize(written);
-  return out;
 }
 
 void run_short_pieces(benchmark::State& state, const pieces_t& pieces, bool peer, bool to_utf8,
