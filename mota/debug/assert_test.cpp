@@ -48,17 +48,6 @@ TEST_F(AssertHook, PlainAssertPassesExpressionFileAndLine) {
   EXPECT_EQ(42u, line);
 }
 
-TEST_F(AssertHook, StoreHoldsItsOwnClone) {
-  const debug::assert_hook_t mine(hook_t(&rec, &recorder::on_assert));
-  debug::set_assert_hook(mine);
-  auto* stored = debug::_private::g_assert_callback;
-  ASSERT_NE(nullptr, stored);
-  EXPECT_NE(mine.get(), stored);
-  EXPECT_TRUE(stored->do_equal(*mine.get()));
-  debug::set_assert_hook(mota::types::nil);
-  EXPECT_EQ(nullptr, debug::_private::g_assert_callback);
-}
-
 TEST_F(AssertHook, ContextAssertFormatsItsMessage) {
   debug::_private::_______________CONTEXT__ASSERT________________("e", "f", 1, "fn", "v=%d", 5);
   EXPECT_EQ("e : v=5", rec.message);

@@ -39,6 +39,15 @@ void expect_exception_class() {
   EXPECT_TRUE(caught);
 }
 
+// A class of the user's own assigns through the protected base operator.
+struct own_error : ex::logic_error {
+  using logic_error::logic_error;
+  own_error& operator=(const own_error& other) {
+    exception::operator=(other);
+    return *this;
+  }
+};
+
 }  // namespace
 
 TEST(Exception, EveryClassCarriesMessageAndStateAndSitsUnderItsBase) {
@@ -59,4 +68,13 @@ TEST(Exception, StateCutsLongTextsAndToleratesNull) {
   const ex::exception::state s(1, long_name.c_str(), nullptr);
   EXPECT_EQ(std::string(255, 'n'), s.file);
   EXPECT_STREQ("", s.function);
+}
+
+TEST(Exception, BaseAssignmentCopiesTheThrowSite) {
+  own_error a("a", 1, "file", "f"), b("b", 2, "other", "g");
+  const own_error& itself = a;
+  a = b;
+  a = itself;
+  EXPECT_STREQ("a", a.get_message());
+  EXPECT_STREQ("g", a.get_state().function);
 }

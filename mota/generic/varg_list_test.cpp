@@ -2,8 +2,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -73,17 +71,14 @@ TEST(VargList, NamedPushesAreUniqueUnnamedAlwaysAppend) {
 
 TEST(VargList, PositionalAccessIsRangeChecked) {
   varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
-  EXPECT_EQ("c", list.at(2u).name());
   list[0u] = argument("z", 26);
-  EXPECT_EQ("z", list.at(0u).name());
   const varg_list& constant = list;
   EXPECT_EQ(26, constant[0u].value().as_int());
-  EXPECT_THROWS_STD(list.at(5u), std::out_of_range,
-                    "vector::_M_range_check: __n (which is 5) >= this->size() (which is 3)");
-  EXPECT_THROWS_STD(list[3u], std::out_of_range,
-                    "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)");
-  EXPECT_THROWS_STD(constant[4u], std::out_of_range,
-                    "vector::_M_range_check: __n (which is 4) >= this->size() (which is 3)");
+  EXPECT_EQ("c", list.at(2u).name());
+  const char* const past = "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)";
+  EXPECT_THROWS_STD(list.at(3u), std::out_of_range, past);
+  EXPECT_THROWS_STD(list[3u], std::out_of_range, past);
+  EXPECT_THROWS_STD(constant[3u], std::out_of_range, past);
 }
 
 TEST(VargList, NameLookupsFallBackToTheNilArgument) {
@@ -100,26 +95,22 @@ TEST(VargList, NameLookupsFallBackToTheNilArgument) {
 }
 
 TEST(VargList, EraseForms) {
-  varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
+  varg_list list(argument("a", 1), argument("b", 2), argument("c", 3), argument("d", 4),
+                 argument("e", 5));
   list.erase(5u);
   list.erase("missing");
-  EXPECT_EQ(3u, list.count());
   list.erase("b");
-  EXPECT_EQ((std::vector<std::string>{"a", "c"}), names_of(list));
   list.erase(0u);
-  EXPECT_EQ(std::vector<std::string>{"c"}, names_of(list));
-  list.push_back("d", 4);
-  list.push_back("e", 5);
   list.erase(list.begin());
+  EXPECT_EQ((std::vector<std::string>{"d", "e"}), names_of(list));
   list.erase(list.begin(), list.begin() + 1);
   EXPECT_EQ(std::vector<std::string>{"e"}, names_of(list));
   list.erase();
-  EXPECT_TRUE(list.empty());
+  EXPECT_TRUE(list == nil);
   list.push_back("f", 6);
   list.clear();
-  EXPECT_TRUE(list == nil);
-  // A removed name may be pushed again.
-  EXPECT_TRUE(list.push_back("f", 7));
+  EXPECT_TRUE(list.empty());
+  EXPECT_TRUE(list.push_back("f", 7));  // a removed name may be pushed again
 }
 
 TEST(VargList, CopiesShareValuesButNotTheList) {

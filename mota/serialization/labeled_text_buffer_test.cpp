@@ -54,12 +54,6 @@ TEST(LabeledTextBuffer, ParsesRawTextEdgeCases) {
   EXPECT_EQ("b", tree.retrieve_value("a").as_string());
   tree.assign(raw.data(), 0);
   EXPECT_TRUE(tree.is_empty());
-
-  // A tree's own group overlaid onto it is merged from a copy.
-  tree.create_group("g").add_value("x", variant(1));
-  tree.overlay(*tree.retrieve_group("g"));
-  EXPECT_EQ(1, tree.retrieve_value("x").as_int());
-  EXPECT_EQ(1, tree.retrieve_group("g")->retrieve_value("x").as_int());
 }
 
 TEST(LabeledTextBuffer, MalformedTextThrowsAndKeepsWhatWasRead) {

@@ -60,15 +60,6 @@ TEST(SerializeBuffer, RoundTripsEveryWidthBitForBit) {
   }
 }
 
-TEST(SerializeBuffer, EmptyBuffersReadZeros) {
-  for (const auto& buf : encodings) {
-    EXPECT_TRUE(buf->at_end());
-    EXPECT_EQ(0, buf->read_int32());
-    EXPECT_EQ(0.0, buf->read_double());
-    EXPECT_EQ("", buf->read_string());
-  }
-}
-
 TEST(SerializeBuffer, AssignKeepsThePositionAndClonesContinueWhereTheSourceStood) {
   for (const auto& prototype : encodings) {
     std::unique_ptr<serialize_buffer> buf(prototype->create());

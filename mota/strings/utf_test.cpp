@@ -26,7 +26,6 @@ s::ustring32 u32(std::initializer_list<std::uint32_t> cps) {
 }
 const s::ustring8 minus_one8 = "-1";
 const s::ustring16 minus_one16 = u16({'-', '1'});
-const s::ustring32 minus_one32 = u32({'-', '1'});
 
 // A text of `length` ASCII letters with `insert` (in each encoding) placed at `at`, to walk the
 // block boundaries of the converters' ASCII paths.
@@ -51,21 +50,17 @@ struct utf8_char_case {
   unsigned int count;
 };
 
+// Which sequences are whole is checked against the gh2 validator by the utf fuzz target; the
+// validator's own rows are in narrow_test.cpp.
 TEST(Unichar, DecodesUtf8ByLeadByteClass) {
   const utf8_char_case cases[] = {
       {"a\xC3\xA9", 3, 1, 0xE9, 2},
-      {"\xC0\x80", 2, 0, 0, 2},                 // overlong: decoded as is
-      {"\xED\xA0\x80", 3, 0, 0xD800, 3},        // encoded surrogate: decoded as is
-      {"\xF7\xBF\xBF\xBF", 4, 0, 0x1FFFFF, 4},  // beyond U+10FFFF: decoded as is
-      {"\x80", 1, 0, 63, all_ones},             // continuation byte as lead
-      {"\xF8\x88\x80\x80\x80", 5, 0, 63, all_ones},
-      {"\xC3\xA9", 1, 0, 63, all_ones},  // size cuts the sequence
-      {"\xE2\x82\xAC", 2, 0, 63, all_ones},
-      {"\xF0\x9F\x98\x80", 3, 0, 63, all_ones},
-      {"\xC3\x41", 2, 0, 63, all_ones},  // bad continuation
-      {"\xE2\x82\x41", 3, 0, 63, all_ones},
-      {"\xF0\x9F\xC3\x80", 4, 0, 63, all_ones},
-      {"AB", 2, 2, 63, all_ones},  // index at the size
+      {"\xC0\x80", 2, 0, 0, 2},                  // overlong: decoded as is
+      {"\xED\xA0\x80", 3, 0, 0xD800, 3},         // encoded surrogate: decoded as is
+      {"\xF7\xBF\xBF\xBF", 4, 0, 0x1FFFFF, 4},   // beyond U+10FFFF: decoded as is
+      {"\xC3\xA9", 1, 0, 63, all_ones},          // size cuts the sequence
+      {"\xF0\x9F\xC3\x80", 4, 0, 63, all_ones},  // bad continuation
+      {"AB", 2, 2, 63, all_ones},                // index at the size
   };
   for (const auto& c : cases) {
     unsigned int count = 12345;
@@ -124,15 +119,11 @@ TEST(Utf8ToUtf32, ReplacesEachUndecodableByteAndResumes) {
   EXPECT_EQ(s::ustring32(), s::utf8_to_utf32(""));
 }
 
+// utf16_to_utf32 fails on the same texts (the utf fuzz target checks that).
 TEST(Utf16ToUtf8, BadSurrogateGivesMinusOne) {
   for (const auto& bad : {u16({0xD83D}), u16({0xDE00}), u16({0xD83D, 0x41}), u16({0x41, 0xD83D}),
                           u16({0xDE00, 0xD83D}), u16({0xFFFE, 0x3DD8})})
     EXPECT_EQ(minus_one8, s::utf16_to_utf8(bad));
-}
-
-TEST(Utf16ToUtf32, BadSurrogateGivesMinusOne) {
-  for (const auto& bad : {u16({0x41, 0xDE00}), u16({0xD83D, 0x41}), u16({0x41, 0xD83D})})
-    EXPECT_EQ(minus_one32, s::utf16_to_utf32(bad));
 }
 
 TEST(Utf32ToUtf8, EncodesFailsOnSurrogatesAndDropsAboveRange) {
@@ -140,10 +131,8 @@ TEST(Utf32ToUtf8, EncodesFailsOnSurrogatesAndDropsAboveRange) {
     s::ustring32 cps;
     std::string bytes;
   } const cases[] = {
-      {u32({0x110000, 0x41}), "A"},
+      // The sweep below and the iconv fuzz target cover the rest.
       {u32({0x41, 0xFFFFFFFF, 0x42}), "AB"},  // as unsigned, far above the range
-      {u32({0xFFFF, 0x10FFFF}), "\xEF\xBF\xBF\xF4\x8F\xBF\xBF"},
-      {u32({0xD800}), "-1"},
       {u32({0x41, 0xDFFF}), "-1"},
       {u32({0x110000, 0xDABC}), "-1"},
   };
@@ -175,8 +164,6 @@ TEST(Conversions, NonAsciiAtEveryPositionAroundAsciiBlocks) {
       EXPECT_EQ(ascii_with<s::ustring32>(length, at, u32({63})),
                 s::utf8_to_utf32(ascii_with<s::ustring8>(length, at, "\x80")));
       EXPECT_EQ(minus_one8, s::utf16_to_utf8(ascii_with<s::ustring16>(length, at, u16({0xDE00}))));
-      EXPECT_EQ(minus_one32,
-                s::utf16_to_utf32(ascii_with<s::ustring16>(length, at, u16({0xD83D}))));
       EXPECT_EQ(minus_one8, s::utf32_to_utf8(ascii_with<s::ustring32>(length, at, u32({0xD800}))));
       EXPECT_EQ(ascii_with<s::ustring8>(length, at, ""),
                 s::utf32_to_utf8(ascii_with<s::ustring32>(length, at, u32({0x110000}))));

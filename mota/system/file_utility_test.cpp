@@ -73,25 +73,18 @@ class InTempDir : public ::testing::Test {
 
 }  // namespace
 
+// No mark is taken off, no line end or zero byte changes.
 TEST(LoadFile, KeepsTheBytesExactly) {
   mota_test::temp_dir dir;
-  const struct {
-    const char* name;
-    std::string bytes;
-  } cases[] = {
-      {"empty", ""},
-      {"utf8_bom", "\xEF\xBB\xBFtext\n"},
-      {"utf16le_bom", std::string("\xFF\xFEh\0i\0", 6)},
-      {"binary", std::string("\0\x01\xFF\r\n\x1A\0", 7)},
-  };
-  for (const auto& c : cases) {
-    write_bytes(dir / c.name, c.bytes);
+  for (const std::string& bytes : {std::string(), std::string("\xEF\xBB\xBFtext\n"),
+                                   std::string("\xFF\xFEh\0\x01\r\n\x1A\0", 9)}) {
+    write_bytes(dir / "file", bytes);
     ustring8 as_ustring = "previous";
     std::string as_string = "previous";
     EXPECT_EQ(0,
-              sys::load_file(dir / c.name, as_ustring) + sys::load_file(dir / c.name, as_string));
-    EXPECT_EQ(c.bytes, static_cast<const std::string&>(as_ustring)) << c.name;
-    EXPECT_EQ(c.bytes, as_string) << c.name;
+              sys::load_file(dir / "file", as_ustring) + sys::load_file(dir / "file", as_string));
+    EXPECT_EQ(bytes, static_cast<const std::string&>(as_ustring));
+    EXPECT_EQ(bytes, as_string);
   }
 }
 
@@ -115,20 +108,13 @@ TEST(LoadFile, RefusesLinksMissingFilesAndDirectories) {
 
 TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
   mota_test::temp_dir dir;
-  const struct {
-    long long size;
-    const char* message;
-  } cases[] = {{2147483648LL, "2147483648 is large than a string can hold"},
-               {5000000000LL, "5000000000 is large than a string can hold"}};
-  for (const auto& c : cases) {
-    const std::string path = dir / "big";
-    write_bytes(path, "");
-    ASSERT_EQ(0, ::truncate64(path.c_str(), static_cast<off64_t>(c.size)));  // sparse
-    ustring8 content = "untouched";
-    EXPECT_THROWS(sys::load_file(path, content), mota::exceptions::runtime_error, c.message,
-                  "load_file");
-    EXPECT_EQ("untouched", content);
-  }
+  const std::string path = dir / "big";
+  write_bytes(path, "");
+  ASSERT_EQ(0, ::truncate64(path.c_str(), 2147483648LL));  // sparse
+  ustring8 content = "untouched";
+  EXPECT_THROWS(sys::load_file(path, content), mota::exceptions::runtime_error,
+                "2147483648 is large than a string can hold", "load_file");
+  EXPECT_EQ("untouched", content);
 }
 
 TEST(LoadFile, FifosAndDevicesAreRefusedWithoutBlocking) {
@@ -167,11 +153,9 @@ TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   EXPECT_EQ(1, sys::store_file(dir / "dangling", "x"));
   EXPECT_FALSE(fs::exists(dir / "nowhere"));
   EXPECT_EQ(1, sys::store_file(dir / "no/such/dir", "x"));
-}
-
-TEST(StoreFile, EveryFailedWriteIsReported) {
-  EXPECT_EQ(1, sys::store_file("/dev/full", "x"));
+  // A device is written where it is; every failed write is reported.
   EXPECT_EQ(0, sys::store_file("/dev/null", "x"));
+  EXPECT_EQ(1, sys::store_file("/dev/full", "x"));
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
@@ -348,18 +332,12 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
   };
   EXPECT_EQ(at(d + "/sub1/c.txt") + 1, at(d + "/sub1/deep/e.txt"));
   EXPECT_TRUE(at(d + "/sub2/f.txt") == 2 || at(d + "/sub2/f.txt") == 4);
-}
-
-TEST(GetDirectoryFiles, TrailingSlashAndMissingDirectory) {
-  mota_test::temp_dir dir;
-  write_bytes(dir / "only.txt", "");
-  std::vector<ustring8> files;
-  sys::get_directory_files(dir.str() + "/", files);
-  EXPECT_EQ(std::vector<ustring8>{dir.str() + "//only.txt"}, files);
-  std::vector<ustring8> untouched{"a"};
-  sys::get_directory_files(dir / "missing", untouched);
-  sys::get_directory_files(dir / "only.txt", untouched);
-  EXPECT_EQ(std::vector<ustring8>{"a"}, untouched);
+  // A trailing "/" stays in the names; a missing directory or a file adds nothing.
+  std::vector<ustring8> sub2;
+  sys::get_directory_files(d + "/sub2/", sub2);
+  sys::get_directory_files(dir / "missing", sub2);
+  sys::get_directory_files(d + "/a.txt", sub2);
+  EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sub2);
 }
 
 TEST(GetDirectoryFiles, FollowsLinksButNotBackIntoItsOwnPath) {
@@ -405,24 +383,33 @@ TEST(ListDirectory, EveryEntryUnfilteredAndFlat) {
   EXPECT_TRUE(sys::list_directory(d + "/a.txt").empty());
 }
 
+// Every wide form converts the path to UTF-8 and forwards; a character outside the BMP takes a
+// surrogate pair in UTF-16.
 TEST(WidePaths, ConvertToUtf8AndBack) {
-  using mota::strings::ustring16;
-  using mota::strings::ustring32;
-  using mota::strings::utf8_to_utf16;
-  using mota::strings::utf8_to_utf32;
   mota_test::temp_dir dir;
-  const std::string d = dir / "caf\xC3\xA9";             // UTF-8 bytes on disk
-  const std::string file = d + "/\xF0\x9F\x98\x80.txt";  // outside the BMP: a surrogate pair
-  EXPECT_TRUE(sys::create_directory(utf8_to_utf16(d + "/")));
-  EXPECT_EQ(0, sys::store_file(utf8_to_utf32(file), "wide"));
-  std::string loaded;
-  EXPECT_EQ(0, sys::load_file(utf8_to_utf16(file), loaded));
-  EXPECT_EQ("wide", loaded);
-  std::vector<ustring16> files16{utf8_to_utf16("kept")};
-  sys::get_directory_files(utf8_to_utf16(d), files16);
-  EXPECT_EQ((std::vector<ustring16>{utf8_to_utf16("kept"), utf8_to_utf16(file)}), files16);
-  EXPECT_EQ(std::vector<ustring32>{utf8_to_utf32(file)}, sys::list_directory(utf8_to_utf32(d)));
-  make_link(file, d + "/link");
-  std::ofstream out;
-  EXPECT_FALSE(sys::safe_oopen(utf8_to_utf16(d + "/link"), out));
+  const std::string d = dir / "caf\xC3\xA9";
+  const std::string file = d + "/\xF0\x9F\x98\x80.txt";
+  const auto check = [&](auto widen) {
+    using wide = decltype(widen(d));
+    EXPECT_TRUE(sys::create_directory(widen(d + "/")));
+    EXPECT_EQ(0, sys::store_file(widen(file), "wide"));
+    ustring8 as_ustring;
+    std::string as_string;
+    EXPECT_EQ(0, sys::load_file(widen(file), as_ustring) + sys::load_file(widen(file), as_string));
+    EXPECT_EQ("wide", as_ustring);
+    EXPECT_EQ("wide", as_string);
+    EXPECT_TRUE(sys::have_read_access(widen(file)));
+    std::vector<wide> files{widen("kept")};
+    sys::get_directory_files(widen(d), files);
+    EXPECT_EQ((std::vector<wide>{widen("kept"), widen(file)}), files);
+    EXPECT_EQ(std::vector<wide>{widen(file)}, sys::list_directory(widen(d)));
+    make_link(file, d + "/link");
+    std::ofstream out;
+    std::ifstream in;
+    EXPECT_FALSE(sys::safe_oopen(widen(d + "/link"), out) ||
+                 sys::safe_iopen(widen(d + "/link"), in));
+    fs::remove_all(d);
+  };
+  check([](const std::string& s) { return mota::strings::utf8_to_utf16(s); });
+  check([](const std::string& s) { return mota::strings::utf8_to_utf32(s); });
 }

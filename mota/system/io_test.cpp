@@ -114,7 +114,7 @@ TEST(IoWidePaths, ConvertToUtf8) {
   EXPECT_TRUE(io::is_file(utf8_to_utf32(base + "/f\xE2\x82\xAC")));
   io::move(utf8_to_utf16(base + "/f\xE2\x82\xAC"), utf8_to_utf16(base + "/g"));
   io::move(utf8_to_utf32(base + "/g"), utf8_to_utf32(base + "/h"));
-  EXPECT_TRUE(io::exists(utf8_to_utf16(base + "/h")));
+  EXPECT_TRUE(io::exists(utf8_to_utf16(base + "/h")) && io::is_file(utf8_to_utf16(base + "/h")));
   io::remove_file(utf8_to_utf16(base + "/h"));
   io::remove_dir(utf8_to_utf16(base + "/a"));
   io::remove_dir(utf8_to_utf32(base + "/b"));

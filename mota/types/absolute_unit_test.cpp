@@ -6,18 +6,7 @@
 
 using namespace mota::types;
 
-TEST(AbsoluteUnit, InchesRoundTripThroughRawUnits) {
-  basic_absolute_impl<5> inches;
-  inches.value(1.0);
-  EXPECT_EQ(100000, inches.as_md());
-  EXPECT_DOUBLE_EQ(1.0, inches.value());
-  EXPECT_EQ(1, inches.as_int32());
-  EXPECT_DOUBLE_EQ(1.0, inches.as_double());
-  // The virtual operations answer callers directly too, also through the base.
-  const absolute_unit& base = inches;
-  EXPECT_EQ(5, base.do_type());
-  EXPECT_DOUBLE_EQ(1.0, base.do_as_double());
-}
+namespace {
 
 // Reads the raw length of `raw` through unit code N.
 template <int N>
@@ -27,6 +16,8 @@ void expect_reads(const absolute_unit& raw, double expected) {
   EXPECT_DOUBLE_EQ(expected, u.as_double()) << "code " << N;
   EXPECT_EQ(static_cast<int>(expected + 0.5), u.as_int32()) << "code " << N;
 }
+
+}  // namespace
 
 TEST(AbsoluteUnit, OneInchReadInEveryUnit) {
   const basic_absolute_impl<1> inch(100000);
@@ -38,24 +29,21 @@ TEST(AbsoluteUnit, OneInchReadInEveryUnit) {
   expect_reads<6>(inch, 72);
   expect_reads<7>(inch, 6);
   expect_reads<8>(inch, 96);
+  // The virtual operations answer callers directly too, also through the base.
+  const absolute_unit& base = basic_absolute_impl<5>(inch);
+  EXPECT_EQ(5, base.do_type());
+  EXPECT_DOUBLE_EQ(1.0, base.do_as_double());
 }
 
+// The setter keeps fractions of a raw unit; the raw-unit constructor drops them.
 TEST(AbsoluteUnit, SetterDividesByTheFactorWithoutTruncating) {
   basic_absolute_impl<3> mm;
   mm.value(1.0);  // 100000 / 25.4 = 3937.007...
   EXPECT_EQ(3937, mm.as_md());
   EXPECT_DOUBLE_EQ(1.0, mm.as_double());
-  basic_absolute_impl<1> raw(mm);
-  EXPECT_NEAR(3937.0079, raw.value(), 1e-4);
-}
-
-TEST(AbsoluteUnit, DoubleConstructorDropsFractionsButSetterKeepsThem) {
-  basic_absolute_impl<1> u(12.9);
-  EXPECT_EQ(12, u.as_md());
-  EXPECT_DOUBLE_EQ(12.0, u.value());
-  u.value(-7.5);
-  EXPECT_EQ(-7, u.as_md());
-  EXPECT_DOUBLE_EQ(-7.5, u.value());
+  EXPECT_NEAR(3937.0079, basic_absolute_impl<1>(mm).value(), 1e-4);
+  basic_absolute_impl<1> u(-7.9);
+  EXPECT_DOUBLE_EQ(-7.0, u.value());
 }
 
 TEST(AbsoluteUnit, RoundsHalfUpAlsoForNegatives) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
 #include <string>
 #include <vector>
 
@@ -40,12 +39,11 @@ TEST(Ltoa, RadixWithoutDigitsWritesEmptyText) {
   }
 }
 
-TEST(ToStr, DecimalText) {
-  EXPECT_EQ("-9223372036854775808", convert::to_str(LLONG_MIN));
-  EXPECT_EQ("0", convert::to_str(0LL));
+// Integers are checked against std::to_chars by the number text fuzz target; a char is a
+// character, not a number.
+TEST(ToStr, CharIsWrittenAsItself) {
   EXPECT_EQ("A", convert::to_str<char>('A'));
   EXPECT_EQ(std::string(1, '\xff'), convert::to_str<char>(static_cast<char>(-1)));
-  EXPECT_EQ("18446744073709551615", convert::to_str(ULLONG_MAX));
 }
 
 TEST(ToWstr, WidensEachByte) {

@@ -29,34 +29,18 @@ std::string branchless_utf8(const s::ustring16& units) {
   return std::string(out.begin(), out.begin() + static_cast<std::ptrdiff_t>(k));
 }
 
-// A unit of a random kind; `broken` lets lone surrogates in now and then.
+// A unit of a random kind (ASCII, two bytes, three bytes below and above the surrogates, a
+// valid pair twice as often); `broken` lets lone surrogates in now and then.
 void push_random(s::ustring16& units, std::mt19937& random, bool broken) {
+  static const unsigned int ranges[][2] = {{0, 0x7F},        {0x80, 0x7FF},    {0x800, 0xD7FF},
+                                           {0xE000, 0xFFFF}, {0xD800, 0xDBFF}, {0xD800, 0xDBFF},
+                                           {0xD800, 0xDFFF}};
   const unsigned int kind = random() % (broken ? 7 : 6);
   auto draw = [&](unsigned int low, unsigned int high) {
     return static_cast<unsigned short>(low + random() % (high - low + 1));
   };
-  switch (kind) {
-    case 0:
-      units.push_back(draw(0, 0x7F));
-      break;
-    case 1:
-      units.push_back(draw(0x80, 0x7FF));
-      break;
-    case 2:
-      units.push_back(draw(0x800, 0xD7FF));
-      break;
-    case 3:
-      units.push_back(draw(0xE000, 0xFFFF));
-      break;
-    case 4:
-    case 5:
-      units.push_back(draw(0xD800, 0xDBFF));
-      units.push_back(draw(0xDC00, 0xDFFF));
-      break;
-    default:
-      units.push_back(draw(0xD800, 0xDFFF));
-      break;
-  }
+  units.push_back(draw(ranges[kind][0], ranges[kind][1]));
+  if (kind == 4 || kind == 5) units.push_back(draw(0xDC00, 0xDFFF));
 }
 
 }  // namespace

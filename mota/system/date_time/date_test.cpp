@@ -59,6 +59,7 @@ TEST(Date, WalksAreConsecutiveAndSkipOnlyTheLeapDay) {
       civil expected = c;
       if (c.is_leap_day()) expected.next();  // comes back as 1 March, by design
       ASSERT_TRUE(same(expected, back));
+      ASSERT_EQ(civil::leap(c.year), back.is_leap_year()) << c.year;
       d += dt::date_duration(1);
       stepped.next();
       if (stepped.is_leap_day()) stepped.next();
@@ -117,11 +118,6 @@ TEST(Date, EffectiveDayIsClippedToTheMonth) {
   }
   EXPECT_EQ(0u, dt::date().day());
   EXPECT_FALSE(dt::date().is_day_constrained());
-}
-
-TEST(Date, LeapYears) {
-  for (unsigned y : {2000u, 2024u, 2400u, 0u, 1900u, 2023u, 2100u, 1u})
-    EXPECT_EQ(y % 4 == 0 && y != 1900 && y != 2100, dt::date(1, 1, y).is_leap_year()) << y;
 }
 
 TEST(Date, SettersCheckTheirRange) {

@@ -69,8 +69,10 @@ TEST(DateTime, PartsAndDateDurations) {
 
 TEST(DateTime, ClockReadersMatchTheSystemClock) {
   const std::time_t before = std::time(nullptr);
-  const dt::date_time_t utc = dt::date_time_t::UTC_date_time();
+  dt::date_time_t utc = dt::date_time_t::UTC_date_time();
   const dt::date_time_t local = dt::date_time_t::local_date_time();
+  const dt::date_time_t parts(dt::date::UTC_date(), dt::time::UTC_time());
+  const dt::date_time_t local_parts(dt::date::local_date(), dt::time::local_time());
   const std::time_t after = std::time(nullptr);
   std::tm g{}, l{}, g2{};
   gmtime_r(&before, &g);
@@ -79,4 +81,7 @@ TEST(DateTime, ClockReadersMatchTheSystemClock) {
   if (g.tm_min != g2.tm_min) GTEST_SKIP() << "clock read across a minute boundary";
   EXPECT_TRUE(at(utc, g.tm_mday, g.tm_mon + 1, g.tm_year + 1900, g.tm_hour, g.tm_min));
   EXPECT_TRUE(at(local, l.tm_mday, l.tm_mon + 1, l.tm_year + 1900, l.tm_hour, l.tm_min));
+  EXPECT_TRUE(at(local_parts, l.tm_mday, l.tm_mon + 1, l.tm_year + 1900, l.tm_hour, l.tm_min));
+  utc = parts;
+  EXPECT_TRUE(at(utc, g.tm_mday, g.tm_mon + 1, g.tm_year + 1900, g.tm_hour, g.tm_min));
 }

@@ -1,3 +1,4 @@
+#include <mota/system/date_time/date_duration.hpp>
 #include <mota/system/date_time/time.hpp>
 
 #include <mota_test.hpp>
@@ -35,11 +36,21 @@ TEST(TimeDuration, WholeUnitsWrapIn32BitsButMillisecondsDoNot) {
   EXPECT_EQ(3600000000LL - 4294967296LL, dt::time_duration(1000, 0, 0, 0).total_milliseconds());
   EXPECT_EQ(5000000000LL, dt::time_duration(0, 0, 0, 5000000000LL).total_milliseconds());
   const dt::time_duration a(1, 0, 0, 0), b(0, 0, 0, 250);
-  EXPECT_EQ(-3599750, dt::minus(b, a).total_milliseconds());
+  EXPECT_EQ(-3599750, (b - a).total_milliseconds());
   dt::time_duration c;
-  c += a;
+  c = a + b;
   c -= b;
-  EXPECT_EQ(3599750, c.total_milliseconds());
+  c += a;
+  EXPECT_EQ(7200000, c.total_milliseconds());
+}
+
+TEST(DateDuration, DaysWrapIn32Bits) {
+  dt::date_duration d;
+  d = dt::date_duration(0x7FFFFFFF) + 1;
+  EXPECT_EQ(-0x7FFFFFFF - 1, d.days());
+  d -= 1;
+  EXPECT_EQ(0x7FFFFFFF, d.days());
+  EXPECT_EQ(-3, (dt::date_duration(2) - 5).days());
 }
 
 TEST(Time, SettersCheckTheirRange) {
@@ -69,17 +80,17 @@ TEST(Time, SettersCheckTheirRange) {
 }
 
 TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
-  EXPECT_TRUE(at(dt::time(23, 59, 59, 999) + dt::time_duration(0, 0, 0, 1), 0, 0, 0, 0));
+  EXPECT_TRUE(at(dt::time_duration(0, 0, 0, 1) + dt::time(23, 59, 59, 999), 0, 0, 0, 0));
   EXPECT_TRUE(at(dt::time(0, 0, 0, 0) - dt::time_duration(1, 0, 0, 0), 23, 0, 0, 0));
   // Two days back is minus one day after the single wrap: midnight again.
   EXPECT_TRUE(at(dt::time(0, 0, 0, 0) - dt::time_duration(48, 0, 0, 0), 0, 0, 0, 0));
-  EXPECT_TRUE(at(dt::time(6, 0, 0, 0) + dt::time_duration(73, 1, 2, 3), 7, 1, 2, 3));
+  EXPECT_TRUE(at(dt::plus(dt::time_duration(73, 1, 2, 3), dt::time(6, 0, 0, 0)), 7, 1, 2, 3));
   dt::time t;
   EXPECT_THROWS(t -= dt::time_duration(25, 0, 0, 0), out_of_range, "Hour value out of valid range",
                 "hour");
   EXPECT_THROWS(dt::minus(t, dt::time_duration(49, 0, 0, 0)), out_of_range,
                 "Hour value out of valid range", "hour");
-  t += dt::time_duration(0, 0, 0, 86400000LL * 5 + 61001);
+  t = t + dt::time_duration(0, 0, 0, 86400000LL * 5 + 61001);
   EXPECT_TRUE(at(t, 0, 1, 1, 1));
 }
 
