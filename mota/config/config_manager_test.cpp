@@ -142,28 +142,23 @@ TEST(ConfigManager, ArrayQueries) {
   EXPECT_TRUE(values.empty());
 }
 
+// A chain through other items and a cycle of two keys are value_origin's test, which holds
+// them against get_value.
 TEST(ConfigManager, IndirectionRestartsAtTheFirstItemAndStopsOnCycles) {
   user_item a, b;
-  put(a, "ref", "target", indirect);
-  put(b, "target", "T");
   put(a, "r1", "r2", indirect);  // r1 -> r2 (in b) -> r3 (in a and b)
   put(b, "r2", "r3", indirect);
   put(a, "r3", "from a");
   put(b, "r3", "from b");
   put(a, "self", "self", indirect);
-  put(a, "ping", "pong", indirect);
-  put(b, "pong", "ping", indirect);
   put(a, "dangling", "nowhere", indirect);
   put(a, "to_array", "arr", indirect);
   put_array(b, "arr", {"first", "second"});
   config_manager m;
   m.init(fixed_dispatch({a, b}));
 
-  EXPECT_EQ("T", text(m, "ref"));
   EXPECT_EQ("from a", text(m, "r1"));
   EXPECT_EQ("self", text(m, "self"));
-  EXPECT_EQ("ping", text(m, "ping"));  // pong's value names ping, already visited
-  EXPECT_EQ("pong", text(m, "pong"));
   EXPECT_EQ("<default>", text(m, "dangling"));
   EXPECT_EQ("first", text(m, "to_array"));
 }

@@ -229,6 +229,8 @@ TEST(MessageCatalogs, CopiesShareCatalogsAndEraseRemoves) {
   EXPECT_EQ(3u, copy.size());
   cats.erase(u32("c"));
   EXPECT_TRUE(cats == mota::types::nil);
+  cats = copy;
+  EXPECT_EQ(&cats.catalog("b"), &copy.catalog("b"));
   copy.erase();
   EXPECT_EQ(0u, copy.size());
   copy = mota::types::nil;

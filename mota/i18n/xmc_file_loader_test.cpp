@@ -109,23 +109,16 @@ TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
   EXPECT_EQ(3, loader.parse("/no/such/file.xmc", "en").type);
 }
 
+// Which language wins, and includes relative to their file, are rendered by the examples of
+// docs/xmc-format.md; here the stored locale and what the document only says in words.
 TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
   xmc_file_loader loader;
-  const std::string file = data_dir() + "catalogs/app.xmc";
-  load_error e = loader.parse(file, "de_DE");
-  EXPECT_EQ(kPrefix + "No Error", e.message);
+  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(data_dir() + "catalogs/", loader.base_directory());
-
-  EXPECT_EQ((std::vector<std::string>{"0:Guten Tag, ", "1:who", "0:!"}),
-            items_of(loaded(loader, "app", "hello")));
   EXPECT_EQ("de_DE", loaded(loader, "app", "hello")._orginal_locale());
-  EXPECT_EQ("en", loaded(loader, "app", "only_en")._orginal_locale());
   EXPECT_EQ("de", loaded(loader, "app", "only_de")._orginal_locale());
   EXPECT_TRUE(loaded(loader, "app", "only_fr") == mota::types::nil);
-  EXPECT_EQ("Aus dem Include", loaded(loader, "app", "from_include").begin()->data());
-  EXPECT_EQ(1u, loaded(loader, "extra", "e1").size());
   EXPECT_EQ(".", loaded(loader, "more", "m1")._orginal_locale());  // sub/deeper/more.xmc
-  EXPECT_EQ(1u, loaded(loader, "units", "kb").size());
   EXPECT_EQ(0u, loader.data().count("nolang"));  // no lang attribute: never loaded
   EXPECT_EQ(4u, loader.data().size());
 }
