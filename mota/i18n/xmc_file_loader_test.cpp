@@ -173,14 +173,9 @@ TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
   EXPECT_EQ((std::vector<ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
 }
 
-TEST(XmcLoader, FirstOfEqualWeightWinsWithinOneLoad) {
-  xmc_file_loader loader;
-  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/first_wins.xmc", "de").type);
-  EXPECT_EQ("first", loaded(loader, "dup", "m").begin()->data());
-}
-
-// The merge rules are the catalog merge's; this shows that combine_data copies into the map.
-TEST(XmcLoader, CombineDataFillsNullEntries) {
+// Within one load the first of two equal-weight variants wins. The merge rules are the catalog
+// merge's; this shows that combine_data copies into the map.
+TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
   xmc_file_loader::catalog_map catalogs;
   catalogs["dup"];
   xmc_file_loader first;
