@@ -89,16 +89,6 @@ TEST(XmcLoader, LanguageListAndWeights) {
     std::vector<std::string> got(loader.languages().begin(), loader.languages().end());
     EXPECT_EQ(c.expected, got) << c.locale;
   }
-
-  // The weights themselves are the language list's; here only that the loader's list is used.
-  xmc_file_loader loader;
-  loader.handle_language("de-DE");
-  EXPECT_EQ(4u, loader.get_locale_weight("de.DE"));
-  EXPECT_FALSE(loader.is_lang_id_good("en_US"));
-  EXPECT_TRUE(loader.is_catalog_matched("anything"));  // no filter set
-  loader.reset();
-  EXPECT_TRUE(loader.languages().empty());
-  EXPECT_EQ("./", loader.base_directory());
 }
 
 TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
