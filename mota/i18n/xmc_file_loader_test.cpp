@@ -113,6 +113,8 @@ TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
   EXPECT_EQ(4u, loader.data().size());
 }
 
+// How white space and <br/> shape the text is rendered by the document's "Messages" example;
+// here the items a body is stored as, the last one with the blank a line break leaves.
 TEST(XmcLoader, MessageBodies) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "en").type);
@@ -122,25 +124,11 @@ TEST(XmcLoader, MessageBodies) {
                                       "0: files of ", "7:size" + kSep + "precision" + kSep + "1",
                                       "0: ", "8:size", "0:. "}),
             items_of(files));
-  EXPECT_EQ((std::vector<std::string>{"0:one\ntwo"}), items_of(loaded(loader, "app", "lines")));
-  EXPECT_EQ((std::vector<std::string>{"0:Hello ", "1:x", "0: world"}),
-            items_of(loaded(loader, "app", "spacing")));
 }
 
-TEST(XmcLoader, ArgumentTypesAndFormatAttributes) {
-  const struct {
-    const char* type;
-    int expected;
-  } cases[] = {{"date", 6}, {"INT", 3}, {"value", 0}, {"whatever", 1}};  // names in any case
-  for (const auto& c : cases) {
-    xmc_file_loader loader;
-    const std::string arg = std::string("<arg name=\"a\" type=\"") + c.type + "\"/>";
-    ASSERT_EQ(0, parse_en(loader, "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">" + arg +
-                                      "</msg></catalog>")
-                     .type);
-    EXPECT_EQ(c.expected, loaded(loader, "c", "m").begin()->type()) << c.type;
-  }
-
+// The kind of each type name is xmc_outline's test (against the loader) and the document's
+// "Argument kinds" example; here the format attributes kept with an argument.
+TEST(XmcLoader, FormatAttributesFollowTheName) {
   xmc_file_loader loader;
   ASSERT_EQ(0, parse_en(loader,
                         "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">"
