@@ -70,16 +70,13 @@ std::vector<example> examples_of(const std::string& name) {
       if (word.compare(0, 5, "file=") == 0) file = word.substr(5);
       check = check || word == "check";
     }
-    for (++number; std::getline(in, line) && line != "```"; ++number)
+    std::string text;
+    for (++number; std::getline(in, line) && line != "```"; ++number) {
       block.check.push_back(line);
-    if (!file.empty()) {
-      std::string text;
-      for (const std::string& l : block.check)
-        text += l + "\n";
-      if (!files.emplace(file, text).second) problem = "two files named " + file;
-    } else if (check) {
-      out.push_back(block);
+      text += line + "\n";
     }
+    if (!file.empty() && !files.emplace(file, text).second) problem = "two files named " + file;
+    if (file.empty() && check) out.push_back(block);
   }
   if (out.empty()) problem = "no check found in " + path;
   if (!problem.empty()) return {example{0, {}, {}, problem}};
@@ -97,22 +94,17 @@ void PrintTo(const example& e, std::ostream* out) {
 }
 
 // Writes the files into a fresh directory and makes it the working directory while it lives.
-class example_dir {
- public:
+struct example_dir {
   explicit example_dir(const std::map<std::string, std::string>& files) {
     for (const auto& [name, text] : files) {
-      fs::create_directories((m_dir.path() / name).parent_path());
-      std::ofstream(m_dir.path() / name, std::ios::binary) << text;
+      fs::create_directories((dir.path() / name).parent_path());
+      std::ofstream(dir.path() / name, std::ios::binary) << text;
     }
-    fs::current_path(m_dir.path());
+    fs::current_path(dir.path());
   }
-  ~example_dir() { fs::current_path(m_previous); }
-  example_dir(const example_dir&) = delete;
-  example_dir& operator=(const example_dir&) = delete;
-
- private:
-  mota_test::temp_dir m_dir;
-  fs::path m_previous = fs::current_path();
+  ~example_dir() { fs::current_path(previous); }
+  mota_test::temp_dir dir;
+  fs::path previous = fs::current_path();
 };
 
 // docs/xmc-format.md. A check reads "load: PATH" and "locale: LOCALE", then either "error:"
@@ -127,7 +119,8 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
   example_dir dir(e.files);
 
   struct render {
-    std::string catalog, message, arguments, expected;
+    std::vector<std::string> names;
+    std::string arguments, expected;
     bool continued = false;
   };
   std::vector<render> renders;
@@ -144,9 +137,8 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
       expects_error = true;
       error = value;
     } else if (labeled(line, "message", value)) {
-      const std::vector<std::string> names = words(value);
-      ASSERT_EQ(names.size(), 2u) << line;
-      renders.push_back(render{names[0], names[1], "", "", false});
+      renders.push_back(render{words(value), "", "", false});
+      ASSERT_EQ(renders.back().names.size(), 2u) << line;
     } else if (!renders.empty() && labeled(line, "arguments", value)) {
       renders.back().arguments = value;
     } else if (!renders.empty() && labeled(line, "renders", value)) {
@@ -171,16 +163,16 @@ TEST_P(XmcFormat, ExampleRendersAsWritten) {
   }
   ASSERT_EQ(result.type, mota::i18n::message_catalogs::no_error) << std::string(result.message);
   for (const render& r : renders) {
-    ASSERT_TRUE(catalogs.has_message(ustring8(r.catalog), ustring8(r.message))) << r.message;
+    const ustring8 catalog(r.names[0]), message(r.names[1]);
+    ASSERT_TRUE(catalogs.has_message(catalog, message)) << r.names[1];
     mota::generic::varg_list args;
     for (const std::string& argument : words(r.arguments)) {
       const std::size_t eq = argument.find('=');
       ASSERT_NE(eq, std::string::npos) << "argument without =: " << argument;
       args.push_back(ustring8(argument.substr(0, eq)), variant(ustring8(argument.substr(eq + 1))));
     }
-    EXPECT_EQ(catalogs.message(ustring8(r.catalog), ustring8(r.message)).as_string(args),
-              r.expected)
-        << r.catalog << " " << r.message << " " << r.arguments;
+    EXPECT_EQ(catalogs.message(catalog, message).as_string(args), r.expected)
+        << r.names[0] << " " << r.names[1] << " " << r.arguments;
   }
 }
 
@@ -233,7 +225,8 @@ TEST_P(ConfigFormat, ExampleReadsAsWritten) {
   for (const auto& [key, want] : expected) {
     const bool array = key.size() > 2 && key.compare(key.size() - 2, 2, "[]") == 0;
     const ustring8 name(array ? key.substr(0, key.size() - 2) : key);
-    std::string got = std::string(config.get_value(name, variant()).as_string());
+    std::string got =
+        config.value_exist(name) ? std::string(config.get_value(name).as_string()) : "(not set)";
     if (array) {
       EXPECT_TRUE(config.is_array(name)) << key;
       std::vector<variant> values;
@@ -241,8 +234,6 @@ TEST_P(ConfigFormat, ExampleReadsAsWritten) {
       got.clear();
       for (const variant& v : values)
         got += (got.empty() ? "" : ", ") + std::string(v.as_string());
-    } else if (!config.value_exist(name)) {
-      got = "(not set)";
     }
     EXPECT_EQ(got, want) << key;
   }

@@ -6,71 +6,55 @@
 set(MOTA_README "${PROJECT_SOURCE_DIR}/README.md")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${MOTA_README}")
 file(READ "${MOTA_README}" readme)
-
 set(examples_dir "${CMAKE_CURRENT_BINARY_DIR}/readme_examples")
+
 # Writes CONTENT to PATH only when it differs, so that an unchanged example is not rebuilt.
 function(mota_write_if_changed path content)
+  string(REPLACE "<mota-semicolon>" ";" content "${content}")
   file(WRITE "${path}.new" "${content}")
   configure_file("${path}.new" "${path}" COPYONLY)
   file(REMOVE "${path}.new")
 endfunction()
-set(rest "${readme}")
-set(consumed 0)  # characters of the README before `rest`
-while(TRUE)
-  string(FIND "${rest}" "\n```cpp\n" open)
-  if(open EQUAL -1)
-    break()
-  endif()
-  # The fence's line number: the newlines before it, plus one for the newline that ends the
-  # previous line.
-  math(EXPR fence_at "${consumed} + ${open}")
-  string(SUBSTRING "${readme}" 0 ${fence_at} before)
-  string(REGEX MATCHALL "\n" newlines "${before}")
-  list(LENGTH newlines line)
-  math(EXPR line "${line} + 2")
 
-  math(EXPR body_at "${open} + 8")
-  string(SUBSTRING "${rest}" ${body_at} -1 rest)
-  math(EXPR consumed "${consumed} + ${body_at}")
-  string(FIND "${rest}" "\n```" close)
-  if(close EQUAL -1)
-    message(FATAL_ERROR "README.md:${line}: a ```cpp block is not closed")
+# The README cut at each "\n```" into a list: odd pieces open a block (its info line, then its
+# body), even ones follow a closing fence. Semicolons and brackets would cut or join the list's
+# entries, so they stand in by other text until written out.
+string(REPLACE ";" "<mota-semicolon>" pieces "${readme}")
+string(REPLACE "[" "<mota-open>" pieces "${pieces}")
+string(REPLACE "]" "<mota-close>" pieces "${pieces}")
+string(REPLACE "\n```" ";" pieces "${pieces}")
+set(index 0)
+set(after_example -1)  # the index of the block after the last example
+set(line 1)  # the README line on which the piece starts
+foreach(piece IN LISTS pieces)
+  string(REPLACE "<mota-open>" "[" piece "${piece}")
+  string(REPLACE "<mota-close>" "]" piece "${piece}")
+  math(EXPR odd "${index} % 2")
+  if(odd AND piece MATCHES "^text\n" AND index EQUAL after_example)
+    string(SUBSTRING "${piece}" 5 -1 text)
+    mota_write_if_changed("${examples_dir}/${name}.expected" "${text}\n")
+  elseif(odd AND piece MATCHES "^cpp\n")
+    set(name "readme_example_line_${line}")
+    list(APPEND examples "${name}")
+    math(EXPR after_example "${index} + 2")
+    string(SUBSTRING "${piece}" 4 -1 code)
+    mota_write_if_changed("${examples_dir}/${name}.cpp" "${code}\n")
+    file(REMOVE "${examples_dir}/${name}.expected")  # written again if a text block follows
+    add_executable(${name} "${examples_dir}/${name}.cpp")
+    target_link_libraries(${name} PRIVATE mota::mota)
+    mota_warnings(${name})
+    add_test(NAME ${name}
+      COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:${name}>"
+              "-DEXPECTED=${examples_dir}/${name}.expected"
+              -P "${CMAKE_CURRENT_SOURCE_DIR}/run_readme_example.cmake"
+      WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(${name} PROPERTIES LABELS readme)
   endif()
-  math(EXPR code_size "${close} + 1")
-  string(SUBSTRING "${rest}" 0 ${code_size} code)
-  math(EXPR after "${close} + 4")
-  string(SUBSTRING "${rest}" ${after} -1 rest)
-  math(EXPR consumed "${consumed} + ${after}")
-
-  set(name "readme_example_line_${line}")
-  list(APPEND examples "${name}")
-  mota_write_if_changed("${examples_dir}/${name}.cpp" "${code}")
-  add_executable(${name} "${examples_dir}/${name}.cpp")
-  target_link_libraries(${name} PRIVATE mota::mota)
-  mota_warnings(${name})
-
-  # The expected output, when the next fence opens a ```text block.
-  set(expected "")
-  string(FIND "${rest}" "\n```" next)
-  if(NOT next EQUAL -1)
-    math(EXPR next_info "${next} + 4")
-    string(SUBSTRING "${rest}" ${next_info} 5 info)
-    if(info STREQUAL "text\n")
-      math(EXPR text_at "${next_info} + 5")
-      string(SUBSTRING "${rest}" ${text_at} -1 text)
-      string(FIND "${text}" "\n```" text_end)
-      math(EXPR text_size "${text_end} + 1")
-      string(SUBSTRING "${text}" 0 ${text_size} text)
-      set(expected "${examples_dir}/${name}.expected")
-      mota_write_if_changed("${expected}" "${text}")
-    endif()
-  endif()
-  add_test(NAME ${name}
-    COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:${name}>" "-DEXPECTED=${expected}"
-            -P "${CMAKE_CURRENT_SOURCE_DIR}/run_readme_example.cmake"
-    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
-  set_tests_properties(${name} PROPERTIES LABELS readme)
-endwhile()
+  string(REGEX MATCHALL "\n" newlines "${piece}")
+  list(LENGTH newlines count)
+  math(EXPR line "${line} + ${count} + 1")
+  math(EXPR index "${index} + 1")
+endforeach()
 
 # Sources of examples that have since moved or gone.
 file(GLOB generated "${examples_dir}/readme_example_line_*")

@@ -37,9 +37,6 @@ TEST(ConfigCommandLine, ProgramName) {
        "application.name=0:my.tool.bin\napplication.name.extention=0:bin\n"
        "application.name.raw=0:mytool\n"},
       {"./prog", "application.name=0:prog\napplication.name.raw=0:prog\n"},
-      {"prog.sh",
-       "application.name=0:prog.sh\napplication.name.extention=0:sh\n"
-       "application.name.raw=0:prog\n"},
       {".profile",
        "application.name=0:.profile\napplication.name.extention=0:profile\n"
        "application.name.raw=0:.profile\n"},

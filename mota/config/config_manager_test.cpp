@@ -142,28 +142,23 @@ TEST(ConfigManager, ArrayQueries) {
   EXPECT_TRUE(values.empty());
 }
 
+// A chain through other items and a cycle of two keys are value_origin's test, which holds
+// them against get_value.
 TEST(ConfigManager, IndirectionRestartsAtTheFirstItemAndStopsOnCycles) {
   user_item a, b;
-  put(a, "ref", "target", indirect);
-  put(b, "target", "T");
   put(a, "r1", "r2", indirect);  // r1 -> r2 (in b) -> r3 (in a and b)
   put(b, "r2", "r3", indirect);
   put(a, "r3", "from a");
   put(b, "r3", "from b");
   put(a, "self", "self", indirect);
-  put(a, "ping", "pong", indirect);
-  put(b, "pong", "ping", indirect);
   put(a, "dangling", "nowhere", indirect);
   put(a, "to_array", "arr", indirect);
   put_array(b, "arr", {"first", "second"});
   config_manager m;
   m.init(fixed_dispatch({a, b}));
 
-  EXPECT_EQ("T", text(m, "ref"));
   EXPECT_EQ("from a", text(m, "r1"));
   EXPECT_EQ("self", text(m, "self"));
-  EXPECT_EQ("ping", text(m, "ping"));  // pong's value names ping, already visited
-  EXPECT_EQ("pong", text(m, "pong"));
   EXPECT_EQ("<default>", text(m, "dangling"));
   EXPECT_EQ("first", text(m, "to_array"));
 }
@@ -198,37 +193,28 @@ TEST(ConfigManager, ItemsByIdDumpAndInit) {
   EXPECT_EQ("1", text(m, "other"));
 }
 
-TEST(ConfigManager, CommandLineOverFileOverEnvironment) {
+// The order of the values (command line, file, environment) is run by docs/config-format.md;
+// here the items' order and that saving writes the file item back.
+TEST(ConfigManager, StandardDispatchOrderAndSave) {
   mota_test::temp_dir dir;
-  std::ofstream(dir / "app.cfg") << "# settings\nboth = file\nfileenv = \"from file\"\n"
-                                    "[list]\nitems[] = a, b\n";
-  std::vector<const char*> argv = {"/usr/bin/app.bin", "-both=cmd", "-flag"};
-  const char* envp[] = {"both=env", "fileenv=env", "envonly=env", nullptr};
-
+  std::ofstream(dir / "app.cfg") << "kept = \"from file\"\n";
+  const char* argv[] = {"app", nullptr};
+  const char* envp[] = {nullptr};
   config_manager m;
-  m.init(mota::config::std_config_dispatch(static_cast<int>(argv.size()), argv.data(), envp,
-                                           ustring8(dir / "app")));
+  m.init(mota::config::std_config_dispatch(1, argv, envp, ustring8(dir / "app")));
   std::vector<std::string> ids;
   for (const auto& item : m.get_items())
     ids.push_back(item->get_id());
   EXPECT_EQ((std::vector<std::string>{"command line", "standard file", "enviroment"}), ids);
 
   m.load();
-  EXPECT_EQ("cmd", text(m, "both"));
-  EXPECT_EQ("from file", text(m, "fileenv"));
-  EXPECT_EQ("env", text(m, "envonly"));
-  EXPECT_EQ("a", text(m, "list.items"));
-  EXPECT_TRUE(m.get_value("flag").as_bool());
-  EXPECT_EQ("app", text(m, "application.name.raw"));
-
-  // Saving writes the file item back; the other items have nothing to write.
   m.get_config_item("standard file")->set("added", variant(ustring8("new value")), 0u);
   m.save();
   m.unload();
-  EXPECT_EQ("<default>", text(m, "both"));
+  EXPECT_EQ("<default>", text(m, "kept"));
   m.load();
   EXPECT_EQ("new value", text(m, "added"));
-  EXPECT_EQ("from file", text(m, "fileenv"));
+  EXPECT_EQ("from file", text(m, "kept"));
 }
 
 TEST(ConfigManager, ModuleDispatchUsesArgumentsThenEnvironment) {

@@ -1,5 +1,4 @@
 #include <mota/config/file_item.hpp>
-#include <mota/config/user_item.hpp>
 
 #include <gtest/gtest.h>
 #include <mota_test.hpp>
@@ -14,8 +13,6 @@ namespace {
 using mota::config::base_config_item;
 using mota::config::config_tree;
 using mota::config::file_item;
-using mota::strings::ustring8;
-using mota::types::variant;
 
 // The item's tree as "key=flags:value" lines in key order.
 std::string render(const base_config_item& item) {
@@ -37,30 +34,19 @@ void write(const std::string& path, const std::string& text) {
   std::ofstream(path) << text;
 }
 
-template <class Item>
-Item* owned(Item* item) {
-  item->delete_on_zero(true);
-  return item;
-}
-
 }  // namespace
 
+// docs/config-format.md runs the plain forms (quoting, sections, comments, arrays, keys that
+// run on); the rows here are the edges it does not show.
 TEST(ConfigFileSyntax, ScalarsSectionsAndComments) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"key = a b", "key=0:ab\n"},
-      {"key = \"a b\"", "key=0:a b\n"},
       {"key = \"a\\\"b\" c", "key=0:a\\\"bc\n"},
-      {"a . b = 1", "a.b=0:1\n"},
       {"\tx\t=\t-1.5\t\r\ny=2\r\n", "x=0:-1.5\ny=0:2\n"},
-      {"# comment = 1\nx = 1 // tail\ny=2 # t\n// z = 3", "x=0:1\ny=0:2\n"},
       {"x = 1 */ 2\n*/ y = 3\nz = 4", "x=0:1\nz=0:4\n"},
       {"x =\ny = # nothing\nz = \"\"", ""},
-      {"[a.b]\nx = 1\n[ c ]\ny = 2\n[]\nz = 3", "a.b.x=0:1\nc.y=0:2\nz=0:3\n"},
       {"[\"my sec\"] k = v", "my sec.k=0:v\n"},
-      {"key\nmore = 1", "keymore=0:1\n"},  // a key runs on to its "="
-      {"x = a=b:c", "x=0:a=b:c\n"},        // the value keeps later operators
-      {"= 5\nlone", ""},                   // empty key; key without "="
-      {"[open\nx = 1", ""},                // a header that never closes
+      {"= 5\nlone", ""},     // empty key; key without "="
+      {"[open\nx = 1", ""},  // a header that never closes
       {"x = \"unterminated", "x=0:unterminated\n"},
       {"\"a key\" = v", "a key=0:v\n"},
       {"k\xC3\xA9y = \xC3\xA9", "k\xC3\xA9y=0:\xC3\xA9\n"},
@@ -71,7 +57,6 @@ TEST(ConfigFileSyntax, ScalarsSectionsAndComments) {
 
 TEST(ConfigFileSyntax, Arrays) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"list[] = 1,\n 2, 3", "list=3:3\nlist.0=0:1\nlist.1=0:2\nlist.2=0:3\n"},
       {"list[] = 1\n 2\nz = 5", "2z=0:5\nlist=3:1\nlist.0=0:1\n"},
       {"l[] = a b, # comment\n \"c, d\" ,,e\nx=1", "l=3:3\nl.0=0:ab\nl.1=0:c, d\nl.2=0:e\nx=0:1\n"},
       {"l[] =\n\n a\n", "l=3:1\nl.0=0:a\n"},  // nothing read yet: the array goes on
@@ -117,32 +102,4 @@ TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
   EXPECT_FALSE(unnamed.load_file());
   EXPECT_FALSE(unnamed.save_file());
   unnamed.save();  // no file name: nothing written
-}
-
-TEST(ConfigFileItem, ChoosesItsFileFromTheOtherItems) {
-  mota_test::temp_dir dir;
-  write(dir / "given.cfg", "from = given\n");
-  write(dir / "named.cfg", "from = cfg_file\n");
-  write(dir / "tool.cfg", "from = raw\n");
-
-  auto* others = owned(new mota::config::user_item);
-  auto* file = owned(new file_item(dir / "given"));  // no extension: ".cfg" is added
-  base_config_item::item_list items;
-  items.emplace_back(others);
-  items.emplace_back(file);
-
-  file->load(items);
-  EXPECT_EQ(dir / "given.cfg", file->get_filename());
-  EXPECT_EQ("from=0:given\n", render(*file));
-  others->set("cfg_file", variant(ustring8(dir / "named.cfg")), 0u);
-  file->load(items);
-  EXPECT_EQ("from=0:cfg_file\n", render(*file));
-
-  // Without a name the application's raw name gives the default file.
-  others->unload();
-  others->set("application.name.raw", variant(ustring8(dir / "tool")), 0u);
-  auto* unnamed = owned(new file_item(""));
-  items.emplace_back(unnamed);
-  unnamed->load(items);
-  EXPECT_EQ("from=0:raw\n", render(*unnamed));
 }

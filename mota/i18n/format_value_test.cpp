@@ -40,48 +40,28 @@ TEST(Thousands, PrefixTable) {
     EXPECT_EQ(c.power, priv::thousands(c.prefix)) << c.prefix;
 }
 
-TEST(FormatDouble, PrecisionAndFieldSize) {
-  const std::string cut63 = std::string(62, ' ') + "1";
-  const struct {
-    double value;
-    ustring8 format;
-    const char* expected;
-  } cases[] = {
-      {3.14159, "", "3.14"},
-      // fixed form too wide: exponent form, right-aligned
-      {123456789.0, spec({"fieldsize", "9"}), " 1.23e+08"},
-      // even the exponent form is too wide: cut to the field
-      {12345.678, spec({"fieldsize", "4"}), "1.23"},
-      {-0.4, spec({"precision", "0"}), "-0"},
-      // the exponent form goes through 64 bytes: its padding is cut at 63 characters
-      {1e80, spec({"fieldsize", "70"}), cut63.c_str()},
-      // negative values clamp to 0
-      {2.25, spec({"precision", "-3"}), "2"},
-      {2.25, spec({"fieldsize", "-3"}), "2.25"},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(c.expected, priv::format_double(c.value, c.format));
+// The "double" kind is printf's "%.Pf", or "%N.Pe" cut to the field, exactly as the
+// message_render fuzz target asserts on every input of its corpus; here the default precision.
+TEST(FormatDouble, TwoDecimalsByDefault) {
+  EXPECT_EQ("3.14", priv::format_double(3.14159, ""));
 }
 
+// The plain forms of each kind are rendered by the examples of docs/xmc-format.md ("Format
+// keys"); the rows here are the edges and combinations it does not show.
 TEST(FormatInt, RadixGroupingAndPadding) {
   const struct {
     long long value;
     ustring8 format;
     const char* expected;
   } cases[] = {
-      {42, "", "42"},
-      {255, spec({"hex", "true"}), "0xff"},
       {-255, spec({"hex", "true"}), "-0xff"},
-      {8, spec({"oct", "1"}), "o10"},
-      {5, spec({"bin", "yes"}), "b101"},
       {255, spec({"hex", "false"}), "255"},
-      {255, "hex", "255"},  // a bare key without value changes nothing
+      {5, spec({"bin", "yes"}), "b101"},  // "true", "1" and "yes" switch a key on
+      {255, "hex", "255"},                // a bare key without value changes nothing
       {255, spec({"oct", "true", "hex", "true"}), "o377"},
-      {1234567, spec({"spaced_dec", "true"}), "1 234 567"},
       {1000, spec({"spaced_dec", "true"}), "1 000"},
       {-123456, spec({"spaced_dec", "true"}), "-123 456"},
       {255, spec({"hex", "true", "spaced_dec", "true"}), "0xff"},
-      {255, spec({"fieldsize", "6", "hex", "true"}), "  0xff"},
       {-7, spec({"fieldsize", "4"}), "  -7"},
       {1234, spec({"fieldsize", "7", "spaced_dec", "1"}), "  1 234"},
       {255, spec({"@default", "hex"}), "0xff"},
@@ -101,10 +81,7 @@ TEST(FormatDuration, LongAndShortUnits) {
     ustring8 format;
     const char* expected;
   } cases[] = {
-      {90061, "", "1 dy 1 hr 1 min 1.00 sec"},
       {90061, short_form, "1d 1h 1m 1.00s"},
-      {59.5, "", "59.50 sec"},
-      {86400, "", "1 dy 0 hr 0 min 0.00 sec"},
       {60, "", "1 min 0.00 sec"},
       {61.25, spec({"prec", "1"}), "1 min 1.2 sec"},
       {61.25, spec({"prec", "0", "short_form", "true"}), "1m 1s"},
@@ -136,7 +113,6 @@ TEST(FormatMemoryAndMetric, ScaleAndPickUnit) {
     const char* unit;
   } cases[] = {
       {false, variant(1536), "", "1.50", "KB"},
-      {false, variant(512), "", "512", "B"},
       {false, variant(-1536), "", "-1.50", "KB"},
       {false, variant(1048575), "", "1.00", "MB"},  // rounds up into the next unit
       {false, variant(1536), spec({"precision", "1"}), "1.5", "KB"},
@@ -146,13 +122,9 @@ TEST(FormatMemoryAndMetric, ScaleAndPickUnit) {
       {false, variant(512), spec({"target_unit", "B", "precision", "3"}), "512.000", "B"},
       {false, variant(ustring8("2048")), "", "2.00", "KB"},
       {false, variant(1536), spec({"base_unit", "kB"}), "-0", "-0"},
-      {false, variant(1536), spec({"target_unit", "XB"}), "-0", "-0"},
-      {true, variant(1500), "", "1.50", "kilo"},
-      {true, variant(1500), short_form, "1.50", "k"},
       {true, variant(0.002), "", "2.00", "milli"},
       {true, variant(0.0000025), short_form, "2.50", "mc"},
       {true, variant(999.999), "", "1.00", "kilo"},
-      {true, variant(12), "", "12.00", ""},
       {true, variant(1e-30), "", "0.00", "atto"},
       {true, variant(3e27), short_form, "3000.00", "Y"},
       {true, variant(1.5), spec({"base_unit", "k", "target_unit", ""}), "1500.00", ""},
@@ -170,6 +142,7 @@ TEST(FormatMemoryAndMetric, ScaleAndPickUnit) {
   }
 }
 
+// Kinds without a formatter give "" (the fuzz target checks that too).
 TEST(FormatValue, DispatchesByKindAndDropsTheName) {
   const struct {
     message_item::type_t type;
@@ -180,15 +153,11 @@ TEST(FormatValue, DispatchesByKindAndDropsTheName) {
       {message_item::int_, variant(255), spec({"n", "hex", "true"}), "0xff"},
       {message_item::int_, variant(255), "hex", "255"},  // bare name: no specification
       {message_item::int_, variant(ustring8("77")), "n", "77"},
-      {message_item::double_, variant(3.14159), spec({"pi", "precision", "3"}), "3.142"},
       {message_item::memory, variant(1536), spec({"m", "precision", "1"}), "1.5"},
       {message_item::memory_unit, variant(1536), spec({"m", "precision", "1"}), "KB"},
       {message_item::metric, variant(1500), spec({"d", "short_form", "true"}), "1.50"},
       {message_item::metric_unit, variant(1500), spec({"d", "short_form", "true"}), "k"},
       {message_item::duration, variant(90061), spec({"t", "short_form", "true"}), "1d 1h 1m 1.00s"},
-      {message_item::string, variant(1), "n", ""},
-      {message_item::date, variant(1), "n", ""},
-      {static_cast<message_item::type_t>(12), variant(1), "n", ""},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(c.expected, i18n::format_value(c.type, c.value, c.format)) << c.type;

@@ -35,14 +35,6 @@ message_t with_locale(const char* name, const char* locale) {
 
 }  // namespace
 
-TEST(MessageItem, NameIsTheTextBeforeTheFirstSeparator) {
-  EXPECT_EQ("plain", message_item("plain").name());
-  EXPECT_EQ(message_item::text, message_item("plain").type());
-  message_item arg("size" + kSep + "precision" + kSep + "2", message_item::double_);
-  EXPECT_EQ("size", arg.name());
-  EXPECT_EQ("size" + kSep + "precision" + kSep + "2", arg.data());
-}
-
 TEST(Message, ArgumentCountAndValidity) {
   message_t only_text("t", {message_item("a"), message_item("b")});
   EXPECT_EQ(0u, only_text.argument_count());

@@ -89,16 +89,6 @@ TEST(XmcLoader, LanguageListAndWeights) {
     std::vector<std::string> got(loader.languages().begin(), loader.languages().end());
     EXPECT_EQ(c.expected, got) << c.locale;
   }
-
-  // The weights themselves are the language list's; here only that the loader's list is used.
-  xmc_file_loader loader;
-  loader.handle_language("de-DE");
-  EXPECT_EQ(4u, loader.get_locale_weight("de.DE"));
-  EXPECT_FALSE(loader.is_lang_id_good("en_US"));
-  EXPECT_TRUE(loader.is_catalog_matched("anything"));  // no filter set
-  loader.reset();
-  EXPECT_TRUE(loader.languages().empty());
-  EXPECT_EQ("./", loader.base_directory());
 }
 
 TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
@@ -109,27 +99,22 @@ TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
   EXPECT_EQ(3, loader.parse("/no/such/file.xmc", "en").type);
 }
 
+// Which language wins, and includes relative to their file, are rendered by the examples of
+// docs/xmc-format.md; here the stored locale and what the document only says in words.
 TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
   xmc_file_loader loader;
-  const std::string file = data_dir() + "catalogs/app.xmc";
-  load_error e = loader.parse(file, "de_DE");
-  EXPECT_EQ(kPrefix + "No Error", e.message);
+  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(data_dir() + "catalogs/", loader.base_directory());
-
-  EXPECT_EQ((std::vector<std::string>{"0:Guten Tag, ", "1:who", "0:!"}),
-            items_of(loaded(loader, "app", "hello")));
   EXPECT_EQ("de_DE", loaded(loader, "app", "hello")._orginal_locale());
-  EXPECT_EQ("en", loaded(loader, "app", "only_en")._orginal_locale());
   EXPECT_EQ("de", loaded(loader, "app", "only_de")._orginal_locale());
   EXPECT_TRUE(loaded(loader, "app", "only_fr") == mota::types::nil);
-  EXPECT_EQ("Aus dem Include", loaded(loader, "app", "from_include").begin()->data());
-  EXPECT_EQ(1u, loaded(loader, "extra", "e1").size());
   EXPECT_EQ(".", loaded(loader, "more", "m1")._orginal_locale());  // sub/deeper/more.xmc
-  EXPECT_EQ(1u, loaded(loader, "units", "kb").size());
   EXPECT_EQ(0u, loader.data().count("nolang"));  // no lang attribute: never loaded
   EXPECT_EQ(4u, loader.data().size());
 }
 
+// How white space and <br/> shape the text is rendered by the document's "Messages" example;
+// here the items a body is stored as, the last one with the blank a line break leaves.
 TEST(XmcLoader, MessageBodies) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "en").type);
@@ -139,25 +124,11 @@ TEST(XmcLoader, MessageBodies) {
                                       "0: files of ", "7:size" + kSep + "precision" + kSep + "1",
                                       "0: ", "8:size", "0:. "}),
             items_of(files));
-  EXPECT_EQ((std::vector<std::string>{"0:one\ntwo"}), items_of(loaded(loader, "app", "lines")));
-  EXPECT_EQ((std::vector<std::string>{"0:Hello ", "1:x", "0: world"}),
-            items_of(loaded(loader, "app", "spacing")));
 }
 
-TEST(XmcLoader, ArgumentTypesAndFormatAttributes) {
-  const struct {
-    const char* type;
-    int expected;
-  } cases[] = {{"date", 6}, {"INT", 3}, {"value", 0}, {"whatever", 1}};  // names in any case
-  for (const auto& c : cases) {
-    xmc_file_loader loader;
-    const std::string arg = std::string("<arg name=\"a\" type=\"") + c.type + "\"/>";
-    ASSERT_EQ(0, parse_en(loader, "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">" + arg +
-                                      "</msg></catalog>")
-                     .type);
-    EXPECT_EQ(c.expected, loaded(loader, "c", "m").begin()->type()) << c.type;
-  }
-
+// The kind of each type name is xmc_outline's test (against the loader) and the document's
+// "Argument kinds" example; here the format attributes kept with an argument.
+TEST(XmcLoader, FormatAttributesFollowTheName) {
   xmc_file_loader loader;
   ASSERT_EQ(0, parse_en(loader,
                         "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">"
@@ -180,14 +151,9 @@ TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
   EXPECT_EQ((std::vector<ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
 }
 
-TEST(XmcLoader, FirstOfEqualWeightWinsWithinOneLoad) {
-  xmc_file_loader loader;
-  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/first_wins.xmc", "de").type);
-  EXPECT_EQ("first", loaded(loader, "dup", "m").begin()->data());
-}
-
-// The merge rules are the catalog merge's; this shows that combine_data copies into the map.
-TEST(XmcLoader, CombineDataFillsNullEntries) {
+// Within one load the first of two equal-weight variants wins. The merge rules are the catalog
+// merge's; this shows that combine_data copies into the map.
+TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
   xmc_file_loader::catalog_map catalogs;
   catalogs["dup"];
   xmc_file_loader first;
@@ -198,6 +164,8 @@ TEST(XmcLoader, CombineDataFillsNullEntries) {
   EXPECT_EQ("first", loaded(first, "dup", "m").begin()->data());  // the loader keeps its copy
 }
 
+// The texts that docs/xmc-format.md shows in full (a bad root, version, element, end tag or
+// entity, an include cycle) are checked there; the rows here are the others.
 TEST(XmcLoader, EveryErrorKindFromAFile) {
   const std::string dir = data_dir() + "errors/";
   const struct {
@@ -207,25 +175,14 @@ TEST(XmcLoader, EveryErrorKindFromAFile) {
   } cases[] = {
       {"e03_missing_include.xmc", 3, "File \"" + dir + "missing.xmc\" was not found on disk"},
       {"e03_empty_include.xmc", 3, "File \"\" was not found on disk"},
-      {"e05_arg_attribute.xmc", 5,
-       "Invalid attibute \"colour\"\n in message element: \"m\"\n in catalog element: \"c\""},
       {"e05_catalog_attribute.xmc", 5, "Invalid attibute \"size\""},
       {"e05_include_attribute.xmc", 5, "Invalid attibute \"path\""},
       {"e05_no_version.xmc", 5, "Invalid attibute \"release\""},
       {"e06_root_child.xmc", 6, "Invalid element \"strings\""},
-      // only an argument's errors carry the message line
-      {"e06_msg_child.xmc", 6, "Invalid element \"b\"\n in catalog element: \"c\""},
-      {"e07_root_case.xmc", 7, "Not XMC file, root element is not XMC but \"XMC\""},
-      {"e08_version.xmc", 8, "XMC version \"1.2\" is not supported"},
-      {"e09_br_content.xmc", 9, "Expected BR end tag not found\n in catalog element: \"c\""},
       {"e10_msg_end.xmc", 10,
        "Expected msg (message) end tag not found for message \"m\"\n in catalog element: "
        "\"c\""},
-      {"e11_arg_content.xmc", 11,
-       "Expected arg (argument) end tag not found for argument \"a\"\n in message element: "
-       "\"m\"\n in catalog element: \"c\""},
       {"e12_include_content.xmc", 12, "Expected \"include\" end tag not found"},
-      {"e13_catalog_child.xmc", 13, "Expected catalog end tag not found for catalog \"c\""},
       {"e14_no_element.xmc", 14, "Unexpected parse error happen!"},
       {"e04_unclosed.xmc", 4, "Unexpected end of file during XML parsing\n at line: \"0\""},
   };
@@ -246,19 +203,13 @@ TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
   } cases[] = {
       {"<?xml?><xmc/>", 5, "Invalid attibute \"\""},
       {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
-      {"<?xml?><xmc version=\"1.0 \"/>", 8, "XMC version \"1.0 \" is not supported"},
       {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
       {"<?xml?><xmc version=\"1.0\">", 4,
        "Unexpected end of file during XML parsing\n at line: \"0\""},
-      {"<?xml?>\n<xmc version=\"1.0\"></xmx>", 4,
-       "Mismatched end element \"xmx\" was found\n at line: \"1\""},
       {"<?xml version=\"1.0\"?>\n\n", 4, "No root element was found\n at line: \"2\""},
       {"<xmc version=\"1.0\"/>", 4, "Valid XML header not found\n at line: \"0\""},
       {"<?xml?><xmc version=\"1.0\"><1/></xmc>", 4,
        "Unexpected character \"1\" found while parsing\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0", 4,
-       "Missing \" while parsing attribute \"version\"\n at line: \"0\""},
-      {"<?xml?><xmc version=\"1.0\">&zz;</xmc>", 4, "Unknown enity being parsed\n at line: \"0\""},
       {"<?xml?>\n\n\n<xmc version \"1.0\"/>", 4,
        "Missing = sign for attribute \"version\"\n at line: \"3\""},
       {"<?xml?><xmc version=\"1.0\" version=\"1.1\"/>", 4,
@@ -271,16 +222,6 @@ TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
     EXPECT_EQ(c.kind, e.type) << c.content;
     EXPECT_EQ(kPrefix + c.text + (c.kind ? in_file("h.xmc") : ""), e.message) << c.content;
   }
-}
-
-TEST(XmcLoader, IncludeCyclesEndWithAnError) {
-  const std::string dir = data_dir() + "cycle/";
-  xmc_file_loader pair;
-  load_error e = pair.parse(dir + "a.xmc", "en");
-  EXPECT_EQ(14, e.type);
-  EXPECT_EQ(kPrefix + "Unexpected parse error happen!" + in_file(dir + "a.xmc") +
-                in_file(dir + "b.xmc") + in_file(dir + "a.xmc"),
-            e.message);
 }
 
 TEST(XmcLoader, IncludeDepthIsBounded) {
