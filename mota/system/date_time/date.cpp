@@ -2,7 +2,7 @@
 
 #include <mota/exceptions/_private/throw.hpp>
 #include <mota/system/date_time/_private/clock.hpp>
-#include <mota/system/date_time/_private/day_number.hpp>
+#include <mota/system/date_time/_private/month_starts.hpp>
 
 namespace MOTA_2_18 {
 namespace system {
@@ -97,27 +97,22 @@ date& date::assign(const date& other) {
 }
 
 date& date::plus_assign(const date_duration& duration) {
-  pJulian_day_number(_private::day_number(m_year, m_month, m_day) +
-                     static_cast<std::uint32_t>(duration.days()));
+  pJulian_day_number(pJulian_day_number() + static_cast<std::uint32_t>(duration.days()));
   return *this;
 }
 
 date& date::minus_assign(const date_duration& duration) {
-  const std::uint32_t number = _private::day_number(m_year, m_month, m_day);
+  const std::uint32_t number = pJulian_day_number();
   if (static_cast<std::int64_t>(number) <= static_cast<std::int64_t>(duration.days()))
     MOTA_THROW(exceptions::out_of_range, "date value out of valid range");
   pJulian_day_number(number - static_cast<std::uint32_t>(duration.days()));
   return *this;
 }
 
-std::uint32_t date::pJulian_day_number() const {
-  return _private::day_number(m_year, m_month, m_day);
-}
-
 // The day number's date always has a month of 1 to 12 and a day within the month, so the fields
 // are stored directly: the setters could not fail and the clip to the month changes nothing.
 void date::pJulian_day_number(std::uint32_t number) {
-  const _private::civil_date result = _private::from_day_number(number);
+  const _private::civil_date result = _private::date_of_day_number(number);
   m_day = result.day;
   m_month = result.month;
   m_year = result.year;

@@ -8,6 +8,7 @@
 
 #include <mota/exceptions/logic_error.hpp>
 #include <mota/export.hpp>
+#include <mota/system/date_time/_private/day_number.hpp>
 #include <mota/system/date_time/date_duration.hpp>
 
 #include <cstdint>
@@ -82,8 +83,9 @@ class MOTA_API date {
   //@}
 
   // The continuous day number of the date (1 January 2000 is 730426), in unsigned 32-bit
-  // arithmetic; an invalid date gives whatever the formula yields.
-  std::uint32_t pJulian_day_number() const;
+  // arithmetic; an invalid date gives whatever the formula yields. Inline, as a difference of
+  // two dates is two of these.
+  std::uint32_t pJulian_day_number() const { return _private::day_number(m_year, m_month, m_day); }
   // Sets the date from a day number, as the arithmetic does.
   void pJulian_day_number(std::uint32_t number);
 

@@ -1,8 +1,9 @@
-// Not part of the public interface.
+// Not part of the public interface (installed because date.hpp includes it: the date's
+// arithmetic is inlined into its callers).
 //
 // The continuous day number of the date arithmetic and its inverse, in unsigned 32-bit
-// arithmetic, computed without branches on the date: a month table instead of the per-month
-// formula, and the year, month and day recovered with multiplications and shifts only.
+// arithmetic: a month table instead of the per-month formula, a year table for the years most
+// dates fall in, and the year, month and day recovered with multiplications and shifts only.
 //
 // The numbering counts years from 1 March, so that 1 March of year 0 is day 1 (1 January 2000
 // is 730426). Its inverse never yields 29 February: that day comes back as 1 March of the same
@@ -21,8 +22,16 @@ struct civil_date {
   std::uint32_t year, month, day;
 };
 
-// The formula itself, for a month outside 1 to 12 (only an unset date has one).
-std::uint32_t day_number_of_any_month(std::uint32_t year, std::uint32_t month, std::uint32_t day);
+// The formula itself, for a month outside 1 to 12 (only an unset date has one). Inline like the
+// rest, since the date's installed header reaches it.
+constexpr std::uint32_t day_number_of_any_month(std::uint32_t year, std::uint32_t month,
+                                                std::uint32_t day) {
+  const std::uint32_t m = month - 3u;
+  std::uint32_t n = day + 365u * year + year / 4u - year / 100u + year / 400u + 61u * (m / 2u);
+  if (m >= 6u) n += 1u;
+  if (m % 2u == 1u) n += (m / 2u == 3u || m / 2u == 4u) ? 30u : 31u;
+  return n;
+}
 
 // Days from 1 March to the first of each month, January and February counted at the end of the
 // year: the values of 61 * (m / 2) + (m >= 6) + (30 or 31 for odd m) with m = 0 for March.
@@ -31,13 +40,39 @@ inline constexpr std::uint32_t days_before_month[13] = {0,   306, 337, 0,   31, 
 
 inline constexpr std::uint32_t days_in_400_years = 146097;
 
+// Days before 1 March of year `y` in the count: the 365-day years and the leap days.
+constexpr std::uint32_t days_before_march(std::uint32_t y) {
+  const std::uint32_t centuries = y / 100u;
+  return 365u * y + y / 4u - centuries + centuries / 4u;
+}
+
+// The years whose day counts are tabled: the ones dates of today's programs live in, so that
+// their day number is two table reads and two additions. Other years take the formula.
+inline constexpr std::uint32_t first_tabled_year = 1900;
+inline constexpr std::uint32_t tabled_years = 256;
+
+struct year_table {
+  std::uint32_t days_before_march[tabled_years];
+};
+
+constexpr year_table make_year_table() {
+  year_table table{};
+  for (std::uint32_t i = 0; i < tabled_years; ++i)
+    table.days_before_march[i] = _private::days_before_march(first_tabled_year + i);
+  return table;
+}
+
+inline constexpr year_table tabled_year_days = make_year_table();
+
 // The day number of any stored year, month and day (month 0 and day 0 included: an unset date
 // gives whatever the formula gives).
-inline std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
-  if (month - 1u >= 12u) return day_number_of_any_month(year, month, day);
+constexpr std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
+  if (__builtin_expect(month - 1u >= 12u, 0)) return day_number_of_any_month(year, month, day);
   const std::uint32_t y = year - (month <= 2u ? 1u : 0u);
-  const std::uint32_t centuries = y / 100u;
-  return day + 365u * y + y / 4u - centuries + centuries / 4u + days_before_month[month];
+  const std::uint32_t index = y - first_tabled_year;
+  const std::uint32_t before =
+      index < tabled_years ? tabled_year_days.days_before_march[index] : days_before_march(y);
+  return day + before + days_before_month[month];
 }
 
 // The date of a day number: month 1 to 12, day 1 to the month's length, never 29 February.

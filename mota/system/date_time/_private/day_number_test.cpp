@@ -1,6 +1,7 @@
 // The date arithmetic against the day-number formulas written out the straightforward way,
-// over every day of years 0 to 10000, every stored day and month there, and a sweep of the
-// whole 32-bit range (wrap-around included).
+// over every day of years 0 to 10000 (the tabled years 1900 to 2155 and their edges among
+// them), every stored day and month there, and a sweep of the whole 32-bit range (wrap-around
+// included).
 #include <mota/system/date_time/date.hpp>
 
 #include <gtest/gtest.h>
