@@ -127,7 +127,7 @@ void file_item::parse(const strings::ustring8& text) {
   lexer lex(text);
   // Settings lines are rarely shorter than this; sizing the table once avoids rehashing.
   m_tree.reserve(m_tree.size() + text.size() / 32);
-  std::string prefix, key;
+  std::string prefix, key, full_key;
   strings::ustring8 value, element;
   // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
   std::vector<std::pair<std::string, types::variant>> elements;
@@ -173,8 +173,10 @@ void file_item::parse(const strings::ustring8& text) {
         }
         lex.append_text(value);
       }
-      if (!value.empty() && !(prefix.empty() && key.empty()))
-        m_tree.set_node(prefix + key, types::variant(value), 0u);
+      if (!value.empty() && !(prefix.empty() && key.empty())) {
+        full_key.assign(prefix).append(key);
+        m_tree.set_node(full_key, types::variant(value), 0u);
+      }
       continue;
     }
 
@@ -208,7 +210,10 @@ void file_item::parse(const strings::ustring8& text) {
       after_text = true;
     }
     flush();
-    if (!(prefix.empty() && key.empty())) m_tree.set_array(prefix + key, elements);
+    if (!(prefix.empty() && key.empty())) {
+      full_key.assign(prefix).append(key);
+      m_tree.set_array(full_key, elements);
+    }
   }
 }
 
