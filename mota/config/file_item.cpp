@@ -125,8 +125,9 @@ int file_item::parse_comment(const strings::ustring8& text, unsigned& position, 
 
 void file_item::parse(const strings::ustring8& text) {
   lexer lex(text);
-  // Settings lines are rarely shorter than this; sizing the table once avoids rehashing.
-  m_tree.reserve(m_tree.size() + text.size() / 32);
+  // A key takes some 24 bytes of text or more (name, "=", value, line end, comments and
+  // blank lines between), so sizing the tree once for that many avoids growing it on the way.
+  m_tree.reserve(m_tree.size() + text.size() / 24);
   std::string prefix, key, full_key;
   strings::ustring8 value, element;
   // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
