@@ -43,7 +43,7 @@ class node_table {
       if (this != &other) *this = entry(other);
       return *this;
     }
-    entry& operator=(entry&&) noexcept = default;
+    entry& operator=(entry&&) = default;
     ~entry() = default;
 
     //@{
