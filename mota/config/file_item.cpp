@@ -4,6 +4,7 @@
 #include <mota/exceptions/exception.hpp>
 #include <mota/system/file_utility.hpp>
 
+#include <algorithm>
 #include <climits>
 #include <cstdint>
 
@@ -127,7 +128,11 @@ void file_item::parse(const strings::ustring8& text) {
   lexer lex(text);
   // A key takes some 24 bytes of text or more (name, "=", value, line end, comments and
   // blank lines between), so sizing the tree once for that many avoids growing it on the way.
-  m_tree.reserve(m_tree.size() + text.size() / 24);
+  // Past a few megabytes the tree grows as it fills: a huge text of long lines must not cost
+  // room for keys it does not hold.
+  constexpr std::size_t bytes_per_key = 24;
+  constexpr std::size_t most_reserved = std::size_t(1) << 18;
+  m_tree.reserve(m_tree.size() + std::min(text.size() / bytes_per_key, most_reserved));
   std::string prefix, key, full_key;
   strings::ustring8 value, element;
   // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
