@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 
 namespace MOTA_2_18 {
 namespace config {
@@ -10,7 +11,7 @@ namespace {
 
 // Key order of a tree walk: piece by piece, so that a node's descendants follow it directly
 // ("a", "a.x", "a-b"). The dot ranks below every other byte.
-bool tree_less(const std::string& a, const std::string& b) {
+bool tree_less(std::string_view a, std::string_view b) {
   const std::size_t n = std::min(a.size(), b.size());
   for (std::size_t i = 0; i < n; ++i) {
     if (a[i] == b[i]) continue;
@@ -21,128 +22,158 @@ bool tree_less(const std::string& a, const std::string& b) {
   return a.size() < b.size();
 }
 
+bool is_number(std::string_view s) {
+  return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 }  // namespace
 
 const config_tree::node_t* config_tree::get_node(const std::string& key) const {
-  const auto it = m_nodes.find(key);
-  return it == m_nodes.end() ? nullptr : &it->second.node;
+  const index_t i = m_nodes.find(key);
+  return i == _private::node_table::npos ? nullptr : &m_nodes.at(i).node;
 }
 
-void config_tree::set_node(std::string key, const types::variant& value, unsigned flags) {
+void config_tree::set_node(const std::string& key, const types::variant& value, unsigned flags) {
   // A new node is built with its value; an existing one takes the new value below.
-  const auto placed = m_nodes.try_emplace(std::move(key), flags, value);
-  entry& e = placed.first->second;
-  const bool was_array = !placed.second && is_array(e.node.first);
-  e.node.first = flags;
-  e.node.second = value;
-  if (!is_array(flags))
-    e.elements.clear();
-  else if (!was_array)
-    adopt_children(placed.first->first, e);
-  if (placed.second) note_in_parent(placed.first->first);
+  const auto placed = m_nodes.insert(key, node_t(flags, value));
+  _private::node_table::entry& e = m_nodes.at(placed.first);
+  if (!placed.second) {
+    const bool was_array = is_array(e.node.first);
+    e.node.first = flags;
+    e.node.second = value;
+    if (!is_array(flags))
+      e.drop_names();
+    else if (!was_array)
+      adopt_children(placed.first);
+    return;
+  }
+  if (is_array(flags)) adopt_children(placed.first);
+  note_in_parent(key);
 }
 
-void config_tree::note_in_parent(const std::string& key) {
+void config_tree::reserve(std::size_t count) {
+  m_nodes.reserve(count);
+}
+
+void config_tree::note_in_parent(std::string_view key) {
   const std::size_t dot = key.rfind('.');
-  if (dot == std::string::npos) return;
-  const auto parent = m_nodes.find(key.substr(0, dot));
-  if (parent != m_nodes.end() && is_array(parent->second.node.first))
-    parent->second.elements.push_back(key.substr(dot + 1));
+  if (dot == std::string_view::npos) return;
+  const index_t parent = m_nodes.find(key.substr(0, dot));
+  if (parent == _private::node_table::npos) return;
+  _private::node_table::entry& e = m_nodes.at(parent);
+  if (is_array(e.node.first)) e.names().emplace_back(key.substr(dot + 1));
 }
 
-void config_tree::adopt_children(const std::string& key, entry& array) {
+void config_tree::adopt_children(index_t array) {
   // Nodes stored under the key before it became an array are its elements: numbered ones
   // first in number order, then the others in text order.
-  const std::string below = key + ".";
+  const std::string below = std::string(m_nodes.key(array)) + ".";
   std::vector<std::string> names;
-  for (const auto& kv : m_nodes) {
-    const std::string& k = kv.first;
+  for (index_t i = 0; i < m_nodes.size(); ++i) {
+    const std::string_view k = m_nodes.key(i);
     if (k.size() > below.size() && k.compare(0, below.size(), below) == 0 &&
-        k.find('.', below.size()) == std::string::npos)
-      names.push_back(k.substr(below.size()));
+        k.find('.', below.size()) == std::string_view::npos)
+      names.emplace_back(k.substr(below.size()));
   }
-  const auto numeric = [](const std::string& s) {
-    return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
-  };
-  std::sort(names.begin(), names.end(), [&](const std::string& a, const std::string& b) {
-    const bool na = numeric(a), nb = numeric(b);
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    const bool na = is_number(a), nb = is_number(b);
     if (na != nb) return na;
     if (na && a.size() != b.size()) return a.size() < b.size();
     return a < b;
   });
-  array.elements = std::move(names);
+  m_nodes.at(array).names() = std::move(names);
 }
 
 void config_tree::set_array(const std::string& key,
                             const std::vector<std::pair<std::string, types::variant>>& elements) {
-  // The array's own value is set once its elements are in.
-  const auto placed = m_nodes.try_emplace(key, array_flags, types::variant(0u));
+  const auto count = static_cast<unsigned int>(elements.size());
+  const auto placed = m_nodes.insert(key, node_t(array_flags, types::variant(count)));
   if (placed.second) note_in_parent(key);
-  entry& array = placed.first->second;
-  // Drop the elements of the array stored here before, so no stale element survives.
+  index_t array = placed.first;
+  std::string element_key = key + ".";
+  const std::size_t base = element_key.size();
+
+  // Drop the elements of the array stored here before, so no stale element survives. Erasing
+  // moves the last node, which may be the array.
   std::vector<std::string> old;
-  old.swap(array.elements);
-  for (const std::string& name : old)
-    m_nodes.erase(key + "." + name);
+  old.swap(m_nodes.at(array).names());
+  if (!old.empty()) {
+    for (const std::string& name : old) {
+      element_key.resize(base);
+      element_key += name;
+      const index_t element = m_nodes.find(element_key);
+      if (element != _private::node_table::npos) m_nodes.erase(element);
+    }
+    array = m_nodes.find(key);
+  }
 
   std::vector<std::string> names;
   names.reserve(elements.size());
-  std::string element_key = key + ".";
-  const std::size_t base = element_key.size();
   for (std::size_t i = 0; i < elements.size(); ++i) {
     std::string name = elements[i].first.empty() ? std::to_string(i) : elements[i].first;
     element_key.resize(base);
     element_key += name;
-    const auto element = m_nodes.try_emplace(element_key, 0u, elements[i].second);
+    const auto element = m_nodes.insert(element_key, node_t(0u, elements[i].second));
     if (!element.second) {
-      entry& e = element.first->second;
+      _private::node_table::entry& e = m_nodes.at(element.first);
       e.node = node_t(0u, elements[i].second);
-      e.elements.clear();
+      e.drop_names();
     }
     names.push_back(std::move(name));
   }
-  // Map insertions do not move entries, so `array` is still the array's node.
-  array.node = node_t(array_flags, types::variant(static_cast<unsigned int>(names.size())));
-  array.elements = std::move(names);
+  _private::node_table::entry& a = m_nodes.at(array);
+  if (!placed.second) a.node = node_t(array_flags, types::variant(count));
+  a.names() = std::move(names);
+}
+
+template <class Out, class Make>
+bool config_tree::collect_elements(const std::string& key, Out& out, Make make) const {
+  const index_t array = m_nodes.find(key);
+  if (array == _private::node_table::npos || !is_array(m_nodes.at(array).node.first)) return false;
+  std::string element_key = key + ".";
+  const std::size_t base = element_key.size();
+  for (const std::string& name : m_nodes.at(array).names()) {
+    element_key.resize(base);
+    element_key += name;
+    const index_t element = m_nodes.find(element_key);
+    if (element != _private::node_table::npos) out.push_back(make(name, m_nodes.at(element).node));
+  }
+  return true;
 }
 
 bool config_tree::get_array(const std::string& key,
                             std::vector<std::pair<strings::ustring8, node_t>>& out) const {
-  const auto it = m_nodes.find(key);
-  if (it == m_nodes.end() || !is_array(it->second.node.first)) return false;
-  for (const std::string& name : it->second.elements) {
-    if (const node_t* element = get_node(key + "." + name)) out.emplace_back(name, *element);
-  }
-  return true;
+  return collect_elements(key, out, [](const std::string& name, const node_t& node) {
+    return std::pair<strings::ustring8, node_t>(name, node);
+  });
 }
 
 bool config_tree::get_value_pair_array(
     const std::string& key, std::vector<std::pair<strings::ustring8, types::variant>>& out) const {
-  const auto it = m_nodes.find(key);
-  if (it == m_nodes.end() || !is_array(it->second.node.first)) return false;
-  for (const std::string& name : it->second.elements) {
-    if (const node_t* element = get_node(key + "." + name)) out.emplace_back(name, element->second);
-  }
-  return true;
+  return collect_elements(key, out, [](const std::string& name, const node_t& node) {
+    return std::pair<strings::ustring8, types::variant>(name, node.second);
+  });
 }
 
 void config_tree::erase(const std::string& key) {
   // An array that holds the key as an element forgets it.
   const std::size_t dot = key.rfind('.');
   if (dot != std::string::npos) {
-    const auto parent = m_nodes.find(key.substr(0, dot));
-    if (parent != m_nodes.end()) {
-      std::vector<std::string>& names = parent->second.elements;
-      const auto name = std::find(names.begin(), names.end(), key.substr(dot + 1));
-      if (name != names.end()) names.erase(name);
+    const index_t parent = m_nodes.find(std::string_view(key).substr(0, dot));
+    if (parent != _private::node_table::npos) {
+      _private::node_table::entry& e = m_nodes.at(parent);
+      const std::vector<std::string>& names = std::as_const(e).names();
+      const auto name =
+          std::find(names.begin(), names.end(), std::string_view(key).substr(dot + 1));
+      if (name != names.end()) e.names().erase(name);
     }
   }
-  const std::string below = key + ".";
-  for (auto it = m_nodes.begin(); it != m_nodes.end();) {
-    if (it->first == key || it->first.compare(0, below.size(), below) == 0)
-      it = m_nodes.erase(it);
-    else
-      ++it;
+  // Downwards, since erasing moves the last node (already looked at) into the gap.
+  for (index_t i = static_cast<index_t>(m_nodes.size()); i-- > 0;) {
+    const std::string_view k = m_nodes.key(i);
+    if (k.size() >= key.size() && k.compare(0, key.size(), key) == 0 &&
+        (k.size() == key.size() || k[key.size()] == '.'))
+      m_nodes.erase(i);
   }
 }
 
@@ -165,26 +196,28 @@ bool config_tree::parse_string(const std::string& key, strings::ustring8& head,
 
 void config_tree::visit(const std::function<void(const std::string&, const node_t&,
                                                  const std::vector<std::string>&)>& f) const {
-  for (const auto* kv : sorted())
-    f(kv->first, kv->second.node, kv->second.elements);
+  std::string key;
+  for (const index_t i : sorted()) {
+    key.assign(m_nodes.key(i));
+    const _private::node_table::entry& e = m_nodes.at(i);
+    f(key, e.node, e.names());
+  }
 }
 
-std::vector<const config_tree::map_t::value_type*> config_tree::sorted() const {
-  std::vector<const map_t::value_type*> out;
-  out.reserve(m_nodes.size());
-  for (const auto& kv : m_nodes)
-    out.push_back(&kv);
+std::vector<config_tree::index_t> config_tree::sorted() const {
+  std::vector<index_t> out(m_nodes.size());
+  for (index_t i = 0; i < out.size(); ++i)
+    out[i] = i;
   std::sort(out.begin(), out.end(),
-            [](const auto* a, const auto* b) { return tree_less(a->first, b->first); });
+            [this](index_t a, index_t b) { return tree_less(m_nodes.key(a), m_nodes.key(b)); });
   return out;
 }
 
 void config_tree::dump(std::ostream& out) const {
   out << "|---------------\\\n";
-  for (const auto* kv : sorted()) {
-    const std::string& key = kv->first;
-    const entry& e = kv->second;
-    out << key;
+  for (const index_t i : sorted()) {
+    const _private::node_table::entry& e = m_nodes.at(i);
+    out << m_nodes.key(i);
     if (is_array(e.node.first))
       out << "[]";
     else if (e.node.first & indirect_flag)

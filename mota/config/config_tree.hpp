@@ -9,14 +9,17 @@
 #ifndef MOTA_CONFIG_CONFIG_TREE_HPP
 #define MOTA_CONFIG_CONFIG_TREE_HPP
 
+#include <mota/config/_private/node_table.hpp>
 #include <mota/export.hpp>
 #include <mota/strings/ustring.hpp>
 #include <mota/types/variant.hpp>
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <iosfwd>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -45,7 +48,7 @@ class MOTA_API config_tree {
   // element list; the element nodes themselves stay as ordinary keys. A node that becomes an
   // array takes the nodes directly below it as its elements (numbered ones in number order
   // first), and a node stored directly below an array is appended to its elements.
-  void set_node(std::string key, const types::variant& value, unsigned flags);
+  void set_node(const std::string& key, const types::variant& value, unsigned flags);
 
   // Replaces the array under the key: the element nodes of a previous array there are erased,
   // the array node (value: the element count) and one node per element are stored. An element
@@ -67,8 +70,8 @@ class MOTA_API config_tree {
   void erase(const std::string& key);
   void clear();
   //@}
-  // Prepares room for `count` nodes.
-  void reserve(std::size_t count) { m_nodes.reserve(count); }
+  // Prepares room for `count` nodes in all.
+  void reserve(std::size_t count);
   //@{
   // Whether there is no node, and the number of nodes.
   bool empty() const { return m_nodes.empty(); }
@@ -91,20 +94,18 @@ class MOTA_API config_tree {
   void dump(std::ostream& out) const;
 
  private:
-  struct entry {
-    entry(unsigned flags, const types::variant& value) : node(flags, value) {}
-    node_t node;
-    std::vector<std::string> elements;  // element names of an array node, in order
-  };
-  using map_t = std::unordered_map<std::string, entry>;
-  // The entries in key order, for output.
-  std::vector<const map_t::value_type*> sorted() const;
+  using index_t = std::uint32_t;
+  // The indexes of the nodes in key order, for output.
+  std::vector<index_t> sorted() const;
   // Appends the key to the elements of its parent when the parent is an array.
-  void note_in_parent(const std::string& key);
-  // Makes the nodes directly below the key the elements of `array`.
-  void adopt_children(const std::string& key, entry& array);
+  void note_in_parent(std::string_view key);
+  // Makes the nodes directly below the node at `array` its elements.
+  void adopt_children(index_t array);
+  // Appends the elements of the array under the key to `out`, made by make(name, node).
+  template <class Out, class Make>
+  bool collect_elements(const std::string& key, Out& out, Make make) const;
 
-  map_t m_nodes;
+  _private::node_table m_nodes;
 };
 
 }  // namespace config

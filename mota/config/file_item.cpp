@@ -4,6 +4,7 @@
 #include <mota/exceptions/exception.hpp>
 #include <mota/system/file_utility.hpp>
 
+#include <algorithm>
 #include <climits>
 #include <cstdint>
 
@@ -125,9 +126,14 @@ int file_item::parse_comment(const strings::ustring8& text, unsigned& position, 
 
 void file_item::parse(const strings::ustring8& text) {
   lexer lex(text);
-  // Settings lines are rarely shorter than this; sizing the table once avoids rehashing.
-  m_tree.reserve(m_tree.size() + text.size() / 32);
-  std::string prefix, key;
+  // A key takes some 24 bytes of text or more (name, "=", value, line end, comments and
+  // blank lines between), so sizing the tree once for that many avoids growing it on the way.
+  // Past a few megabytes the tree grows as it fills: a huge text of long lines must not cost
+  // room for keys it does not hold.
+  constexpr std::size_t bytes_per_key = 24;
+  constexpr std::size_t most_reserved = std::size_t(1) << 18;
+  m_tree.reserve(m_tree.size() + std::min(text.size() / bytes_per_key, most_reserved));
+  std::string prefix, key, full_key;
   strings::ustring8 value, element;
   // Array elements go to the tree directly, unnamed, as set_array with no indexes stores them.
   std::vector<std::pair<std::string, types::variant>> elements;
@@ -173,8 +179,10 @@ void file_item::parse(const strings::ustring8& text) {
         }
         lex.append_text(value);
       }
-      if (!value.empty() && !(prefix.empty() && key.empty()))
-        m_tree.set_node(prefix + key, types::variant(value), 0u);
+      if (!value.empty() && !(prefix.empty() && key.empty())) {
+        full_key.assign(prefix).append(key);
+        m_tree.set_node(full_key, types::variant(value), 0u);
+      }
       continue;
     }
 
@@ -208,7 +216,10 @@ void file_item::parse(const strings::ustring8& text) {
       after_text = true;
     }
     flush();
-    if (!(prefix.empty() && key.empty())) m_tree.set_array(prefix + key, elements);
+    if (!(prefix.empty() && key.empty())) {
+      full_key.assign(prefix).append(key);
+      m_tree.set_array(full_key, elements);
+    }
   }
 }
 
