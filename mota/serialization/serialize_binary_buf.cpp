@@ -27,31 +27,6 @@ inline void append_native(std::string& content, const T& value) {
   content.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
-// Reads a value cut short by the end of the content: the bytes there, as if zeros followed
-// them; the position moves past what was there. Kept out of line so that the common read stays
-// a leaf without a stack frame.
-template <typename T>
-__attribute__((noinline)) T read_cut_short(const std::string& content, std::uint32_t& position) {
-  const std::size_t left = content.size() - position;
-  char bytes[sizeof(T)] = {};
-  std::memcpy(bytes, content.data() + position, left);
-  T value;
-  std::memcpy(&value, bytes, sizeof value);
-  position = advance_position(position, left);
-  return value;
-}
-
-// Reads a T at `position` as generic::convert's bin_str_to_* routines read it, and moves the
-// position past it. The caller has checked that the position is inside the content.
-template <typename T>
-inline T read_native(const std::string& content, std::uint32_t& position) {
-  if (content.size() - position < sizeof(T)) return read_cut_short<T>(content, position);
-  T value;
-  std::memcpy(&value, content.data() + position, sizeof value);
-  position = advance_position(position, sizeof value);
-  return value;
-}
-
 }  // namespace
 
 serialize_binary_buf::serialize_binary_buf() : m_read_pos(0) {}
@@ -164,52 +139,20 @@ signed char serialize_binary_buf::read_int8() const {
   return static_cast<signed char>(m_content[m_read_pos++]);
 }
 
-short serialize_binary_buf::read_int16() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<short>(m_content, m_read_pos);
-}
-
-int serialize_binary_buf::read_int32() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<int>(m_content, m_read_pos);
-}
-
-long long serialize_binary_buf::read_int64() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<long long>(m_content, m_read_pos);
-}
-
 unsigned char serialize_binary_buf::read_uint8() const {
   if (exhausted_at(m_content, m_read_pos)) return 0;
   return static_cast<unsigned char>(m_content[m_read_pos++]);
 }
 
-unsigned short serialize_binary_buf::read_uint16() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<unsigned short>(m_content, m_read_pos);
+void serialize_binary_buf::read_fixed_slowly(void* value, std::size_t size) const {
+  std::memset(value, 0, size);
+  if (exhausted_at(m_content, m_read_pos)) return;
+  const std::size_t taken = std::min(size, m_content.size() - m_read_pos);
+  std::memcpy(value, m_content.data() + m_read_pos, taken);
+  m_read_pos = advance_position(m_read_pos, taken);
 }
 
-unsigned int serialize_binary_buf::read_uint32() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<unsigned int>(m_content, m_read_pos);
-}
-
-unsigned long long serialize_binary_buf::read_uint64() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0;
-  return read_native<unsigned long long>(m_content, m_read_pos);
-}
-
-float serialize_binary_buf::read_float() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0.0f;
-  return read_native<float>(m_content, m_read_pos);
-}
-
-double serialize_binary_buf::read_double() const {
-  if (exhausted_at(m_content, m_read_pos)) return 0.0;
-  return read_native<double>(m_content, m_read_pos);
-}
-
-std::string serialize_binary_buf::read_string() const {
+std::string serialize_binary_buf::read_string_slowly() const {
   if (exhausted_at(m_content, m_read_pos)) return std::string();
   const std::size_t start = m_read_pos;
   if (m_content.size() - start < 4) {
@@ -218,7 +161,8 @@ std::string serialize_binary_buf::read_string() const {
     m_read_pos = advance_position(m_read_pos, 4);
     throw_beyond_content(start + 4, m_content.size());
   }
-  const std::uint32_t length = read_native<std::uint32_t>(m_content, m_read_pos);
+  std::uint32_t length;
+  read_fixed_slowly(&length, sizeof length);
   // Content of 4 GiB and more cannot be addressed and reads as exhausted.
   if (m_read_pos == exhausted) return std::string();
   // The position is inside the content here: the length's four bytes were all there.

@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 namespace MOTA_2_18 {
@@ -69,21 +70,33 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   // A multi-byte read with fewer bytes left than its size reads the bytes that are there as if
   // the rest were zero and moves the read position to the end.
   signed char read_int8() const override;
-  short read_int16() const override;
-  int read_int32() const override;
-  long long read_int64() const override;
+  short read_int16() const override { return read_fixed<short>(); }
+  int read_int32() const override { return read_fixed<int>(); }
+  long long read_int64() const override { return read_fixed<long long>(); }
   unsigned char read_uint8() const override;
-  unsigned short read_uint16() const override;
-  unsigned int read_uint32() const override;
-  unsigned long long read_uint64() const override;
-  float read_float() const override;
-  double read_double() const override;
+  unsigned short read_uint16() const override { return read_fixed<unsigned short>(); }
+  unsigned int read_uint32() const override { return read_fixed<unsigned int>(); }
+  unsigned long long read_uint64() const override { return read_fixed<unsigned long long>(); }
+  float read_float() const override { return read_fixed<float>(); }
+  double read_double() const override { return read_fixed<double>(); }
   //@}
   // The string announced by the next 4-byte length (cut short where the content ends), or an
   // empty string at the end. When fewer than 4 bytes are left for the length, the position
   // moves 4 bytes on, beyond the content, and std::out_of_range is thrown
   // ("basic_string::substr: __pos (which is P) > this->size() (which is S)").
-  std::string read_string() const override;
+  std::string read_string() const override {
+    const std::uint64_t bytes_at = std::uint64_t{m_read_pos} + 4;
+    if (bytes_at <= m_content.size()) {
+      std::uint32_t length;
+      std::memcpy(&length, m_content.data() + m_read_pos, sizeof length);
+      const std::uint64_t end = bytes_at + length;
+      if (end <= m_content.size() && end < exhausted) {
+        m_read_pos = static_cast<std::uint32_t>(end);
+        return std::string(m_content.data() + bytes_at, length);
+      }
+    }
+    return read_string_slowly();
+  }
   // Like read_string, as a new heap serialize_binary_buf (delete flag set); null at the end.
   serialize_binary_buf* read_buffer() const override;
 
@@ -94,6 +107,27 @@ class MOTA_API serialize_binary_buf : public serialize_buffer {
   serialize_binary_buf* clone() const override;
 
  private:
+  // The reads are written in this header so that code holding a serialize_binary_buf itself
+  // (not through the base) reads a value without a call. Their inline part takes only values
+  // that lie wholly inside the content and end below the exhausted position; everything else
+  // (the end, a value cut short, a position beyond the content) goes to the out-of-line part.
+  template <typename T>
+  T read_fixed() const {
+    const std::uint64_t end = std::uint64_t{m_read_pos} + sizeof(T);
+    T value;
+    if (end <= m_content.size() && end < exhausted) {
+      std::memcpy(&value, m_content.data() + m_read_pos, sizeof value);
+      m_read_pos = static_cast<std::uint32_t>(end);
+    } else {
+      read_fixed_slowly(&value, sizeof value);
+    }
+    return value;
+  }
+  // Fills `size` bytes at `value`: zeros when exhausted, otherwise the bytes that are left (at
+  // most `size`) followed by zeros, moving the position past the bytes taken.
+  void read_fixed_slowly(void* value, std::size_t size) const;
+  std::string read_string_slowly() const;
+
   std::string m_content;
   mutable std::uint32_t m_read_pos;
 };

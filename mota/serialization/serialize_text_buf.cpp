@@ -3,6 +3,7 @@
 #include <mota/generic/convert/str_to_float.hpp>
 #include <mota/generic/convert/str_to_x.hpp>
 #include <mota/generic/convert/x_to_str.hpp>
+#include <mota/serialization/_private/decimal_token.hpp>
 #include <mota/serialization/_private/read_position.hpp>
 #include <mota/serialization/_private/text_reader.hpp>
 #include <mota/strings/ustring.hpp>
@@ -70,6 +71,16 @@ bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
   if (result.ec != std::errc() || result.ptr != token + length) return false;
   if (value != 0 && !std::isnormal(value)) return false;
   return std::locale() == std::locale::classic();
+}
+
+// An integer token: read in place when it is a plain decimal number, otherwise parsed by
+// `parse`, one of generic::convert's str_to_* functions.
+template <typename T>
+inline T parse_integer(const char* token, std::size_t length,
+                       T (*parse)(const char*, unsigned int, types::radix_t::base, bool)) {
+  T value;
+  if (_private::read_decimal_token(token, length, value)) return value;
+  return parse(token, static_cast<unsigned int>(length), detect_radix, false);
 }
 
 }  // namespace
@@ -222,9 +233,7 @@ bool take_text_string(const char* content, std::size_t size, std::uint32_t& posi
   std::size_t digits = 0;
   if (!next_text_token(content, size, position, token, digits)) return false;
   const std::uint32_t announced =
-      digits == 0
-          ? 0
-          : convert::str_to_uint32(token, static_cast<unsigned int>(digits), detect_radix, false);
+      digits == 0 ? 0 : parse_integer<std::uint32_t>(token, digits, convert::str_to_uint32);
   if (position == serialize_buffer::exhausted) return false;
   // The length token ended at a separator inside the content, so the position is within it.
   offset = position;
@@ -248,56 +257,56 @@ signed char serialize_text_buf::read_int8() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_int8(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<signed char>(token, length, convert::str_to_int8);
 }
 
 short serialize_text_buf::read_int16() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_int16(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<short>(token, length, convert::str_to_int16);
 }
 
 int serialize_text_buf::read_int32() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_int32(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<std::int32_t>(token, length, convert::str_to_int32);
 }
 
 long long serialize_text_buf::read_int64() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_int64(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<long long>(token, length, convert::str_to_int64);
 }
 
 unsigned char serialize_text_buf::read_uint8() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_uint8(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<unsigned char>(token, length, convert::str_to_uint8);
 }
 
 unsigned short serialize_text_buf::read_uint16() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_uint16(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<unsigned short>(token, length, convert::str_to_uint16);
 }
 
 unsigned int serialize_text_buf::read_uint32() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_uint32(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<std::uint32_t>(token, length, convert::str_to_uint32);
 }
 
 unsigned long long serialize_text_buf::read_uint64() const {
   const char* token = nullptr;
   std::size_t length = 0;
   if (!next_token(token, length) || length == 0) return 0;
-  return convert::str_to_uint64(token, static_cast<unsigned int>(length), detect_radix, false);
+  return parse_integer<unsigned long long>(token, length, convert::str_to_uint64);
 }
 
 float serialize_text_buf::read_float() const {
