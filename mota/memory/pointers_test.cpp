@@ -6,8 +6,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 namespace {

@@ -2,8 +2,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <cstring>
 #include <memory>

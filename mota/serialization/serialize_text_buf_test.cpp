@@ -3,13 +3,10 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <initializer_list>
 #include <limits>
 #include <locale>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>

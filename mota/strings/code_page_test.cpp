@@ -7,7 +7,6 @@
 
 #include <langinfo.h>
 
-#include <cstring>
 #include <string>
 
 namespace strings = mota::strings;

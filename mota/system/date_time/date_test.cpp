@@ -2,8 +2,6 @@
 
 #include <mota_test.hpp>
 
-#include <cstring>
-
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
