@@ -17,7 +17,7 @@ namespace {
 
 }  // namespace
 
-TEST(TimeDuration, PartsTruncateTowardZero) {
+TEST(Durations, PartsTruncateTowardZeroAndWholeUnitsWrap) {
   const dt::time_duration d(1, 30, 0, 0);
   EXPECT_DOUBLE_EQ(1.5, d.total_hours());
   EXPECT_DOUBLE_EQ(90.0, d.total_minutes());
@@ -28,9 +28,7 @@ TEST(TimeDuration, PartsTruncateTowardZero) {
   EXPECT_EQ(-1, n.second());
   EXPECT_EQ(-500, n.millisecond());
   EXPECT_EQ(-1, n.total_complete_seconds());
-}
-
-TEST(TimeDuration, WholeUnitsWrapIn32BitsButMillisecondsDoNot) {
+  // Whole units wrap in 32 bits, milliseconds do not.
   EXPECT_EQ(3600000000LL - 4294967296LL, dt::time_duration(1000, 0, 0, 0).total_milliseconds());
   EXPECT_EQ(5000000000LL, dt::time_duration(0, 0, 0, 5000000000LL).total_milliseconds());
   const dt::time_duration a(1, 0, 0, 0), b(0, 0, 0, 250);
@@ -40,10 +38,7 @@ TEST(TimeDuration, WholeUnitsWrapIn32BitsButMillisecondsDoNot) {
   c -= b;
   c += a;
   EXPECT_EQ(7200000, c.total_milliseconds());
-}
-
-TEST(DateDuration, DaysWrapIn32Bits) {
-  dt::date_duration d;
+  dt::date_duration d;  // days wrap in 32 bits
   d = dt::date_duration(0x7FFFFFFF) + 1;
   EXPECT_EQ(-0x7FFFFFFF - 1, d.days());
   d -= 1;
@@ -90,9 +85,7 @@ TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
                 "Hour value out of valid range", "hour");
   t = t + dt::time_duration(0, 0, 0, 86400000LL * 5 + 61001);
   EXPECT_TRUE(at(t, 0, 1, 1, 1));
-}
-
-TEST(Time, DifferenceIsFieldWise) {
+  // The difference of two times is taken field by field.
   EXPECT_EQ(29500, (dt::time(1, 0, 0, 0) - dt::time(0, 59, 30, 500)).total_milliseconds());
   EXPECT_EQ(-29500, dt::minus(dt::time(0, 59, 30, 500), dt::time(1, 0, 0, 0)).total_milliseconds());
 }
