@@ -37,7 +37,7 @@ class AssertHook : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(AssertHook, PlainAssertPassesExpressionFileAndLine) {
+TEST_F(AssertHook, AssertsPassExpressionFileLineAndFormattedContext) {
   ASSERT_TRUE(debug::is_assert_hook_set());
   unsigned int line = 42;
   debug::_private::____________________ASSERT____________________("a < b", "file.cpp", line, "f");
@@ -52,9 +52,6 @@ TEST_F(AssertHook, PlainAssertPassesExpressionFileAndLine) {
   MOTA_ASSERT(1 + 1 == 3);
   EXPECT_EQ(2, rec.calls);
   EXPECT_EQ("1 + 1 == 3", rec.message);
-}
-
-TEST_F(AssertHook, ContextAssertFormatsItsMessage) {
   debug::_private::_______________CONTEXT__ASSERT________________("e", "f", 1, "fn", "v=%d", 5);
   EXPECT_EQ("e : v=5", rec.message);
 

@@ -61,9 +61,6 @@ TEST(Exception, EveryClassCarriesMessageAndStateAndSitsUnderItsBase) {
   expect_exception_class<ex::empty_error, ex::runtime_error, ex::logic_error>();
   expect_exception_class<ex::full_error, ex::runtime_error, ex::logic_error>();
   static_assert(std::is_abstract_v<ex::exception>);
-}
-
-TEST(Exception, StateCutsLongTextsToleratesNullAndIsCopiedByTheBaseAssignment) {
   const std::string long_name(300, 'n');
   const ex::exception::state s(1, long_name.c_str(), nullptr);
   EXPECT_EQ(std::string(255, 'n'), s.file);

@@ -41,7 +41,7 @@ template <class Pointer>
 using mota::memory::pointers::rc_pointer;
 using mota::memory::pointers::shared_pointer;
 
-TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
+TEST(RcPointer, CountsCopiesAndDeletesOnlyOwnedObjectsWithTheLast) {
   {
     rc_pointer<counted> a(make_owned());
     EXPECT_EQ(1, a->reference_count());
@@ -59,10 +59,7 @@ TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
     EXPECT_EQ(1, g_alive);
   }
   EXPECT_EQ(0, g_alive);
-}
-
-// Without the delete flag the object survives; a clone starts uncounted and unowned.
-TEST(RcPointer, UnownedObjectsAndClonesAreNotDeleted) {
+  // Without the delete flag the object survives; a clone starts uncounted and unowned.
   auto* unowned = new counted;
   rc_pointer<counted> p(unowned);
   EXPECT_EQ(1, unowned->reference_count());

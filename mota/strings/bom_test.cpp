@@ -14,7 +14,7 @@ s::ustring16 u16(std::initializer_list<unsigned short> units) {
 }
 }  // namespace
 
-TEST(ByteOrder, SwapsEveryUnitCopyOrInPlace) {
+TEST(Bom, SwappingAndRemovingTheMark) {
   const s::ustring16 text = u16({0x1234, 0x00FF, 0xFEFF});
   const s::ustring16 swapped = u16({0x3412, 0xFF00, 0xFFFE});
   EXPECT_EQ(swapped, s::swap_string_bytes_order(text));
@@ -26,9 +26,6 @@ TEST(ByteOrder, SwapsEveryUnitCopyOrInPlace) {
   EXPECT_EQ(u16({0xFEFF, 0x0041}), s::check_BOM_and_swap(u16({0xFFFE, 0x4100})));
   for (const auto& unchanged : {u16({0xFEFF, 0x4100}), u16({0x4100, 0xFFFE}), u16({})})
     EXPECT_EQ(unchanged, s::check_BOM_and_swap(unchanged));
-}
-
-TEST(RemoveBom, DropsOnlyTheMarkOfTheOwnEncoding) {
   struct {
     const char* in;
     const char* out;

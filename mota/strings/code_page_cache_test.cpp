@@ -40,17 +40,14 @@ int wrong_results(int rounds) {
 
 }  // namespace
 
-TEST(CodePageCache, NoStateCarriesOverBetweenCalls) {
+TEST(CodePageCache, NoStateCarriesOverBetweenCallsOrThreads) {
   const code_page page(code_page::windows_1252);
   // A sequence cut short at the end is dropped; the next call starts afresh, so its lone
   // continuation byte is undecodable rather than the end of the earlier sequence.
   EXPECT_EQ("a", page.encode(mota::strings::ustring8("a\xC3")));
   EXPECT_EQ("?", page.encode(mota::strings::ustring8("\xA9")));
   EXPECT_EQ("\xE9", page.encode(mota::strings::ustring8("\xC3\xA9")));
-}
-
-// Each thread also runs the pages in turn, so it checks what one thread alone sees as well.
-TEST(CodePageCache, ThreadsWithTheirOwnPagesConvertAlongside) {
+  // Each thread also runs the pages in turn, so it checks what one thread alone sees as well.
   int wrong[2] = {0, 0};
   std::thread first([&] { wrong[0] = wrong_results(200); });
   std::thread second([&] { wrong[1] = wrong_results(200); });

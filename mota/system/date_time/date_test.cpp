@@ -35,14 +35,11 @@ struct civil {
 
 }  // namespace
 
-TEST(Date, DayNumbersOfKnownDates) {
+TEST(Date, DayNumbersOfKnownDatesAndWalksThatSkipOnlyTheLeapDay) {
   EXPECT_EQ(730426u, dt::date(1, 1, 2000).pJulian_day_number());
   EXPECT_EQ(307u, dt::date(1, 1, 1).pJulian_day_number());
   EXPECT_EQ(1u, dt::date(1, 3, 0).pJulian_day_number());
-}
-
-// Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
-TEST(Date, WalksAreConsecutiveAndSkipOnlyTheLeapDay) {
+  // Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
   for (unsigned year : {1899u, 1999u, 2099u}) {
     civil c{1, 1, year}, stepped = c;
     dt::date d(1, 1, year);
@@ -97,7 +94,7 @@ TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
   EXPECT_TRUE(same(civil{1, 1, 1999}, d));
 }
 
-TEST(Date, EffectiveDayIsClippedToTheMonth) {
+TEST(Date, EffectiveDayIsClippedToTheMonthSettersCheckTheirRange) {
   struct {
     unsigned day, month, year, effective;
     bool constrained;
@@ -114,9 +111,7 @@ TEST(Date, EffectiveDayIsClippedToTheMonth) {
   }
   EXPECT_EQ(0u, dt::date().day());
   EXPECT_FALSE(dt::date().is_day_constrained());
-}
-
-TEST(Date, SettersCheckTheirRange) {
+  // The setters check their range.
   dt::date d(15, 6, 2020);
   for (unsigned bad : {0u, 13u, 0xFFFFFFFFu})
     EXPECT_THROWS(d.month(bad), out_of_range, "month value out of valid range", "month");
