@@ -245,19 +245,8 @@ TEST(CreateDirectory, CreatesPrefixesButNotTheLastComponent) {
   fs::current_path(previous);
 }
 
-TEST(HaveReadAccess, TestsTheOwnerReadBit) {
-  mota_test::temp_dir dir;
-  write_bytes(dir / "write_only", "");
-  ::chmod((dir / "write_only").c_str(), 0244);  // group and others may read, not the owner
-  make_link(dir / "write_only", dir / "link");
-  EXPECT_TRUE(sys::have_read_access(dir.str()));
-  EXPECT_FALSE(sys::have_read_access(dir / "link"));
-  EXPECT_FALSE(sys::have_read_access(dir / "write_only"));
-  EXPECT_FALSE(sys::have_read_access(dir / "missing"));
-}
-
-TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
-  // hidden.txt has no owner read, nor has the directory closed.
+TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirstOnlyReadableOnes) {
+  // Group and others may read hidden.txt, not the owner; the directory closed has no owner read.
   mota_test::temp_dir dir;
   const std::string d = dir / "d";
   for (const char* sub : {"", "/sub1", "/sub1/deep", "/sub2", "/closed"})
@@ -265,7 +254,7 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
   for (const char* file : {"/a.txt", "/b.txt", "/hidden.txt", "/sub1/c.txt", "/sub1/deep/e.txt",
                            "/sub2/f.txt", "/closed/g.txt"})
     write_bytes(d + file, file);
-  ::chmod((d + "/hidden.txt").c_str(), 0200);
+  ::chmod((d + "/hidden.txt").c_str(), 0244);
   ::chmod((d + "/closed").c_str(), 0300);
   std::vector<ustring8> files{"kept"};
   sys::get_directory_files(d, files);
@@ -291,6 +280,10 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
 
   // list_directory gives every entry, unfiltered and flat.
   make_link("nowhere", d + "/dangling");
+  // have_read_access tests the owner's read bit and refuses links.
+  EXPECT_TRUE(sys::have_read_access(d));
+  for (const std::string& path : {d + "/hidden.txt", d + "/dangling", d + "/missing"})
+    EXPECT_FALSE(sys::have_read_access(path)) << path;
   EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/hidden.txt", d + "/sub1", d + "/sub2",
                     d + "/closed", d + "/dangling"}),
             as_set(sys::list_directory(d)));
