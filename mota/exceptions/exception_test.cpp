@@ -61,16 +61,11 @@ TEST(Exception, EveryClassCarriesMessageAndStateAndSitsUnderItsBase) {
   expect_exception_class<ex::empty_error, ex::runtime_error, ex::logic_error>();
   expect_exception_class<ex::full_error, ex::runtime_error, ex::logic_error>();
   static_assert(std::is_abstract_v<ex::exception>);
-}
-
-TEST(Exception, StateCutsLongTextsAndToleratesNull) {
   const std::string long_name(300, 'n');
   const ex::exception::state s(1, long_name.c_str(), nullptr);
   EXPECT_EQ(std::string(255, 'n'), s.file);
   EXPECT_STREQ("", s.function);
-}
-
-TEST(Exception, BaseAssignmentCopiesTheThrowSite) {
+  // The base assignment copies the throw site.
   own_error a("a", 1, "file", "f"), b("b", 2, "other", "g");
   const own_error& itself = a;
   a = b;

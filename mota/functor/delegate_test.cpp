@@ -19,7 +19,7 @@ using delegate = mota::functor::delegate_t<sig>;
 
 }  // namespace
 
-TEST(MemberFunction, InvokesComparesAndClones) {
+TEST(Delegate, MemberFunctionsInvokeCompareAndCloneDelegatesOwnClones) {
   target t, u;
   bound fa(&t, &target::a);
   fa.invoke("1");
@@ -34,24 +34,22 @@ TEST(MemberFunction, InvokesComparesAndClones) {
   copy->invoke("2");
   EXPECT_EQ("a1a2", t.seen);
   delete copy;
-}
-
-TEST(Delegate, OwnsACloneAndCopiesByCloning) {
-  target t;
+  // A delegate owns a clone and copies by cloning.
+  t.seen.clear();
   delegate empty;
   EXPECT_TRUE(empty.empty());
 
   delegate d{bound(&t, &target::b)};
   ASSERT_FALSE(d.empty());
-  delegate copy = d;
-  EXPECT_NE(d.get(), copy.get());
-  EXPECT_TRUE(copy.equal(d));
-  copy("x");
+  delegate dup = d;
+  EXPECT_NE(d.get(), dup.get());
+  EXPECT_TRUE(dup.equal(d));
+  dup("x");
   d("y");
   EXPECT_EQ("bxby", t.seen);
 
-  copy = empty;
-  EXPECT_TRUE(copy.empty());
-  EXPECT_TRUE(copy.equal(empty));
-  EXPECT_FALSE(copy.equal(d));
+  dup = empty;
+  EXPECT_TRUE(dup.empty());
+  EXPECT_TRUE(dup.equal(empty));
+  EXPECT_FALSE(dup.equal(d));
 }

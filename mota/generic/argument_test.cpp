@@ -7,7 +7,7 @@ using mota::types::nil;
 using mota::types::nil_t;
 using mota::types::variant;
 
-TEST(Argument, NilMeansUnnamedWithANilValue) {
+TEST(Argument, NilMeansUnnamedWithANilValueAssignFormsSetValueOrBoth) {
   EXPECT_TRUE(argument() == nil);
   EXPECT_TRUE(argument(nil).equal(nil));
   EXPECT_TRUE(argument(variant()) == nil);
@@ -16,9 +16,7 @@ TEST(Argument, NilMeansUnnamedWithANilValue) {
   const argument named("x", variant());
   EXPECT_TRUE(named != nil);
   EXPECT_TRUE(named.value() == nil);
-}
-
-TEST(Argument, AssignFormsSetValueOrBoth) {
+  // The assign forms set the value or both.
   argument a("n", 1);
   a = variant(2);
   EXPECT_EQ("n", a.name());

@@ -22,7 +22,7 @@ std::vector<std::string> names_of(const varg_list& list) {
 
 }  // namespace
 
-TEST(VargList, ConstructorStopsAtTheFirstNilArgument) {
+TEST(VargList, ConstructorTakesTwentySixArgumentsAndStopsAtTheFirstNil) {
   const argument a("a", 1);
   const argument b("b", 2);
   EXPECT_EQ(std::vector<std::string>{"a"}, names_of(varg_list(a, nil, b)));
@@ -33,9 +33,6 @@ TEST(VargList, ConstructorStopsAtTheFirstNilArgument) {
             names_of(varg_list(a, named_nil, argument(variant(5)), b)));
   EXPECT_TRUE(varg_list() == nil);
   EXPECT_EQ(0u, varg_list(argument()).count());
-}
-
-TEST(VargList, ConstructorTakesTwentySixArguments) {
   std::vector<argument> args;
   for (int i = 0; i < 26; ++i)
     args.emplace_back(std::string(1, static_cast<char>('a' + i)), i);
@@ -50,7 +47,7 @@ TEST(VargList, ConstructorTakesTwentySixArguments) {
   EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(varg_list(args[0], args[0], args[1])));
 }
 
-TEST(VargList, NamedPushesAreUniqueUnnamedAlwaysAppend) {
+TEST(VargList, NamedPushesAreUniqueUnnamedAppendPositionsAreCheckedNamesFallBackToNil) {
   varg_list list;
   EXPECT_TRUE(list.push_back("x", 1));
   EXPECT_FALSE(list.push_back("x", 2));
@@ -67,34 +64,27 @@ TEST(VargList, NamedPushesAreUniqueUnnamedAlwaysAppend) {
   EXPECT_EQ(5, list[2u].value().as_int());
   EXPECT_EQ(8, list[std::string("x\0y", 3)].value().as_int());
   EXPECT_TRUE(list != nil);
-}
-
-TEST(VargList, PositionalAccessIsRangeChecked) {
-  varg_list list(argument("a", 1), argument("b", 2), argument("c", 3));
-  list[0u] = argument("z", 26);
-  const varg_list& constant = list;
+  varg_list abc(argument("a", 1), argument("b", 2), argument("c", 3));
+  abc[0u] = argument("z", 26);
+  const varg_list& constant = abc;
   EXPECT_EQ(26, constant[0u].value().as_int());
-  EXPECT_EQ("c", list.at(2u).name());
+  EXPECT_EQ("c", abc.at(2u).name());
   const char* const past = "vector::_M_range_check: __n (which is 3) >= this->size() (which is 3)";
-  EXPECT_THROWS_STD(list.at(3u), std::out_of_range, past);
-  EXPECT_THROWS_STD(list[3u], std::out_of_range, past);
+  EXPECT_THROWS_STD(abc.at(3u), std::out_of_range, past);
+  EXPECT_THROWS_STD(abc[3u], std::out_of_range, past);
   EXPECT_THROWS_STD(constant[3u], std::out_of_range, past);
+  // A name that is not there gives the nil argument; an unnamed one is reachable by position only.
+  abc.push_back(argument(variant(4)));
+  EXPECT_EQ(&varg_list::nil_argument, &abc.at("nope"));
+  EXPECT_TRUE(abc.at("nope") == nil);
+  EXPECT_TRUE(abc.has_argument("b"));
+  EXPECT_FALSE(abc.has_argument("a"));
+  EXPECT_EQ(abc.end(), abc.find("a"));
+  EXPECT_FALSE(abc.has_argument(""));
+  EXPECT_EQ(&varg_list::nil_argument, &abc[""]);
 }
 
-TEST(VargList, NameLookupsFallBackToTheNilArgument) {
-  varg_list list(argument("a", 1), argument(variant(2)));
-  const argument& missing = list.at("nope");
-  EXPECT_EQ(&varg_list::nil_argument, &missing);
-  EXPECT_TRUE(missing == nil);
-  EXPECT_TRUE(list.has_argument("a"));
-  EXPECT_FALSE(list.has_argument("b"));
-  EXPECT_EQ(list.end(), list.find("b"));
-  // The unnamed second argument is reachable by position only.
-  EXPECT_FALSE(list.has_argument(""));
-  EXPECT_EQ(&varg_list::nil_argument, &list[""]);
-}
-
-TEST(VargList, EraseForms) {
+TEST(VargList, EraseFormsAndCopiesThatShareValuesButNotTheList) {
   varg_list list(argument("a", 1), argument("b", 2), argument("c", 3), argument("d", 4),
                  argument("e", 5));
   list.erase(5u);
@@ -111,16 +101,13 @@ TEST(VargList, EraseForms) {
   list.clear();
   EXPECT_TRUE(list.empty());
   EXPECT_TRUE(list.push_back("f", 7));  // a removed name may be pushed again
-}
-
-TEST(VargList, CopiesShareValuesButNotTheList) {
-  varg_list list(argument("a", 1));
-  varg_list copy(list);
+  varg_list source(argument("a", 1));
+  varg_list copy(source);
   copy.push_back("b", 2);
-  EXPECT_EQ(1u, list.count());
+  EXPECT_EQ(1u, source.count());
   varg_list assigned;
   assigned = copy;
   assigned.assign(assigned);
   EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(assigned));
-  EXPECT_EQ(&list[0u].value().held(), &assigned[0u].value().held());
+  EXPECT_EQ(&source[0u].value().held(), &assigned[0u].value().held());
 }

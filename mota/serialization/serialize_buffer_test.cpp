@@ -60,7 +60,7 @@ TEST(SerializeBuffer, RoundTripsEveryWidthBitForBit) {
   }
 }
 
-TEST(SerializeBuffer, AssignKeepsThePositionAndClonesContinueWhereTheSourceStood) {
+TEST(SerializeBuffer, AssignKeepsThePositionClonesAndNestedBuffersTakeTheEncoding) {
   for (const auto& prototype : encodings) {
     std::unique_ptr<serialize_buffer> buf(prototype->create());
     for (int v : {1, 2, 3})
@@ -86,9 +86,6 @@ TEST(SerializeBuffer, AssignKeepsThePositionAndClonesContinueWhereTheSourceStood
 
     EXPECT_TRUE(rc_pointer<serialize_buffer>(buf->create())->delete_on_zero());
   }
-}
-
-TEST(SerializeBuffer, NestedBuffersTakeTheReadersEncoding) {
   serialize_text_buf text;
   text.append_int32(5);
   for (const auto& prototype : encodings) {

@@ -3,13 +3,10 @@
 
 #include <mota_test.hpp>
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <initializer_list>
 #include <limits>
 #include <locale>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -42,7 +39,7 @@ TEST(SerializeTextBuf, WritesDecimalItemsEachEndedByTheSeparator) {
 }
 
 // The text of a floating value is what a string stream with the given precision writes.
-TEST(SerializeTextBuf, FloatingTextMatchesAStringStreamAtTheGivenPrecision) {
+TEST(SerializeTextBuf, FloatingTextIsAStreamsAtThePrecisionAndReadsAsTheConvertParsers) {
   const double inf = std::numeric_limits<double>::infinity();
   const double nan = std::numeric_limits<double>::quiet_NaN();
   for (double value : {3.14159265, 1234567.0, -0.0, 0.1, 1e300, -2.5e-310, 100.0, inf, nan}) {
@@ -58,20 +55,16 @@ TEST(SerializeTextBuf, FloatingTextMatchesAStringStreamAtTheGivenPrecision) {
   serialize_text_buf buf;
   buf.append_float(0.1f, 17);  // the float widened to double
   EXPECT_EQ(items({"0.10000000149011612"}), buf.as_str());
-}
-
-// Every token reads as generic::convert's stream-based parsers read it, bit for bit.
-TEST(SerializeTextBuf, FloatingTokensReadAsTheConvertParsersReadThem) {
+  // Every token reads as generic::convert's stream-based parsers read it, bit for bit.
   for (const char* token : {"0.1", "-0",      "1e308",   "1e309", "4.9e-324",     "1e-400", "1.",
                             ".5",  "00012.5", "-2.5E+3", "1e+",   "1e5e3",        "nan",    "inf",
                             "+5",  " 5",      "0x10",    "1-2",   "3.4028236e38", "--1"}) {
-    serialize_text_buf buf(items({token, token}));
-    const double d = buf.read_double();
-    const float f = buf.read_float();
-    const double expected_d = mota::generic::convert::str_to_double(token);
-    const float expected_f = mota::generic::convert::str_to_float(token);
-    EXPECT_EQ(0, std::memcmp(&expected_d, &d, sizeof d)) << token;
-    EXPECT_EQ(0, std::memcmp(&expected_f, &f, sizeof f)) << token;
+    const auto same_bits = [](auto a, auto b) { return std::memcmp(&a, &b, sizeof a) == 0; };
+    serialize_text_buf tokens(items({token, token}));
+    EXPECT_TRUE(same_bits(mota::generic::convert::str_to_double(token), tokens.read_double()))
+        << token;
+    EXPECT_TRUE(same_bits(mota::generic::convert::str_to_float(token), tokens.read_float()))
+        << token;
   }
 }
 
@@ -95,7 +88,7 @@ TEST(SerializeTextBuf, FloatingTextFollowsTheGlobalLocaleAsAStreamDoes) {
   EXPECT_EQ(2.0, point);  // the stream stops at the point it does not know
 }
 
-TEST(SerializeTextBuf, ATokenWithoutSeparatorExhaustsTheBufferUntilReset) {
+TEST(SerializeTextBuf, TokensCutShortExhaustTheBufferUntilReset) {
   serialize_text_buf buf(std::string("42"));
   EXPECT_EQ(42, buf.read_int32());
   EXPECT_TRUE(buf.at_end());
@@ -118,19 +111,18 @@ TEST(SerializeTextBuf, ATokenWithoutSeparatorExhaustsTheBufferUntilReset) {
   EXPECT_EQ(0, bad.read_int32());
   EXPECT_EQ(127, bad.read_int8());
   EXPECT_EQ(31, bad.read_int32());
-}
 
-TEST(SerializeTextBuf, StringsCutShortByTheContentAndReadsBeyondIt) {
-  // The length 9 overshoots: the bytes that remain are taken, the position lands beyond.
-  serialize_text_buf buf(items({"9", "ab"}));
-  EXPECT_EQ("ab\x01", buf.read_string());
-  EXPECT_TRUE(buf.at_end());
+  // Strings cut short by the content, and reads beyond it. The length 9 overshoots: the bytes that
+  // remain are taken, the position lands beyond.
+  serialize_text_buf over(items({"9", "ab"}));
+  EXPECT_EQ("ab\x01", over.read_string());
+  EXPECT_TRUE(over.at_end());
   // Every read past the end fails alike.
   const char* const beyond =
       "basic_string::substr: __pos (which is 12) > this->size() (which is 5)";
-  EXPECT_THROWS_STD(buf.read_string(), std::out_of_range, beyond);
-  EXPECT_THROWS_STD(buf.read_buffer(), std::out_of_range, beyond);
-  EXPECT_THROWS_STD(buf.read_int32(), std::out_of_range, beyond);
+  EXPECT_THROWS_STD(over.read_string(), std::out_of_range, beyond);
+  EXPECT_THROWS_STD(over.read_buffer(), std::out_of_range, beyond);
+  EXPECT_THROWS_STD(over.read_int32(), std::out_of_range, beyond);
 
   serialize_text_buf tail(items({"2"}) + "ab");  // no trailing separator
   EXPECT_EQ("ab", tail.read_string());

@@ -1,7 +1,6 @@
 #include <mota/exceptions/logic_error.hpp>
 #include <mota/strings/code_page_converter.hpp>
 
-#include <gtest/gtest.h>
 #include <mota_test.hpp>
 
 #include <string>

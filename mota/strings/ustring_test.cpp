@@ -9,7 +9,7 @@ using mota::strings::ustring16;
 using mota::strings::ustring32;
 using mota::strings::ustring8;
 
-TEST(Ustring, OperatorsMixWithEveryNarrowForm) {
+TEST(Ustring, OperatorsMixWithNarrowFormsAndBaseAssignmentsStay) {
   const ustring8 a = "x";
   const std::string b = "y";
   EXPECT_TRUE(a != b);
@@ -21,10 +21,7 @@ TEST(Ustring, OperatorsMixWithEveryNarrowForm) {
   EXPECT_EQ("abcd", joined);
   std::map<ustring8, int> by_name{{"b", 2}, {"a", 1}};
   EXPECT_EQ("a", by_name.begin()->first);
-}
-
-// The classes' own assignments must not hide the base class's.
-TEST(Ustring, KeepsTheBaseAssignments) {
+  // The classes' own assignments must not hide the base class's.
   ustring8 narrow = "abc";
   narrow = 'x';
   EXPECT_EQ("x", narrow);

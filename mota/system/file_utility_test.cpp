@@ -14,7 +14,6 @@
 #include <csignal>
 
 #include <algorithm>
-#include <cstring>
 #include <fstream>
 #include <set>
 #include <string>
@@ -46,7 +45,12 @@ mode_t mode_of(const std::string& path) {
   return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
 }
 
-// The names in the directory, so that a test can tell that no temporary file was left.
+mode_t current_umask() {
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return mask;
+}
+
 std::multiset<std::string> names_in(const std::string& directory) {
   std::multiset<std::string> names;
   for (const auto& entry : fs::directory_iterator(directory))
@@ -58,23 +62,18 @@ std::multiset<std::string> as_set(const std::vector<ustring8>& paths) {
   return std::multiset<std::string>(paths.begin(), paths.end());
 }
 
-// Runs the test body with the working directory inside a fresh temporary directory.
-class InTempDir : public ::testing::Test {
- protected:
-  void SetUp() override {
-    previous_ = fs::current_path();
-    fs::current_path(dir_.path());
-  }
-  void TearDown() override { fs::current_path(previous_); }
-
-  mota_test::temp_dir dir_;
-  fs::path previous_;
-};
+// Whether both forms of load_file refuse `path` and leave the strings as they were.
+bool load_refused(const std::string& path) {
+  ustring8 content = "untouched";
+  std::string plain = "untouched";
+  return sys::load_file(path, content) + sys::load_file(path, plain) == 2 &&
+         content == "untouched" && plain == "untouched";
+}
 
 }  // namespace
 
-// No mark is taken off, no line end or zero byte changes.
-TEST(LoadFile, KeepsTheBytesExactly) {
+// No mark is taken off, no line end or zero byte changes; links, devices and the like are refused.
+TEST(LoadFile, KeepsTheBytesExactlyAndRefusesAllButRegularFiles) {
   mota_test::temp_dir dir;
   for (const std::string& bytes : {std::string(), std::string("\xEF\xBB\xBFtext\n"),
                                    std::string("\xFF\xFEh\0\x01\r\n\x1A\0", 9)}) {
@@ -86,62 +85,35 @@ TEST(LoadFile, KeepsTheBytesExactly) {
     EXPECT_EQ(bytes, static_cast<const std::string&>(as_ustring));
     EXPECT_EQ(bytes, as_string);
   }
-}
-
-TEST(LoadFile, RefusesLinksMissingFilesAndDirectories) {
-  mota_test::temp_dir dir;
   write_bytes(dir / "real", "content");
   make_link(dir / "real", dir / "link");
-  for (const std::string& path : {dir / "link", dir / "missing", dir.str(), std::string()}) {
-    ustring8 content = "untouched";
-    EXPECT_EQ(1, sys::load_file(path, content)) << path;
-    EXPECT_EQ("untouched", content);
-  }
+  // /dev/zero is endless: its size says nothing.
+  for (const std::string& path :
+       {dir / "link", dir / "missing", dir.str(), std::string(), std::string("/dev/zero")})
+    EXPECT_TRUE(load_refused(path)) << path;
   write_bytes(dir / "secret", "x");
   ::chmod((dir / "secret").c_str(), 0200);
-  std::string plain = "untouched";
-  const int expected = ::geteuid() == 0 ? 0 : 1;  // root reads regardless of the bits
-  EXPECT_EQ(expected, sys::load_file(dir / "secret", plain));
-  if (expected == 0) return;
-  EXPECT_EQ("untouched", plain);
-}
-
-TEST(LoadFile, FilesOf2GiBOrMoreThrow) {
-  mota_test::temp_dir dir;
-  const std::string path = dir / "big";
-  write_bytes(path, "");
-  ASSERT_EQ(0, ::truncate64(path.c_str(), 2147483648LL));  // sparse
+  EXPECT_EQ(::geteuid() != 0, load_refused(dir / "secret"));  // root reads anyway
+  write_bytes(dir / "big", "");
+  ASSERT_EQ(0, ::truncate64((dir / "big").c_str(), 2147483648LL));  // sparse
   ustring8 content = "untouched";
-  EXPECT_THROWS(sys::load_file(path, content), mota::exceptions::runtime_error,
+  EXPECT_THROWS(sys::load_file(dir / "big", content), mota::exceptions::runtime_error,
                 "2147483648 is large than a string can hold", "load_file");
   EXPECT_EQ("untouched", content);
-}
-
-TEST(LoadFile, FifosAndDevicesAreRefusedWithoutBlocking) {
-  mota_test::temp_dir dir;
   ASSERT_EQ(0, ::mkfifo((dir / "fifo").c_str(), 0600));
   // No writer ever opens the FIFO: a reader that waits for one never comes back.
   EXPECT_EXIT(
       {
         ::alarm(10);
-        ustring8 content = "untouched";
-        std::string plain = "untouched";
-        const bool refused = sys::load_file(dir / "fifo", content) == 1 &&
-                             sys::load_file(dir / "fifo", plain) == 1 &&
-                             sys::store_file(dir / "fifo", "x") == 1;
-        std::exit(refused && content == "untouched" && plain == "untouched" ? 0 : 1);
+        std::exit(load_refused(dir / "fifo") && sys::store_file(dir / "fifo", "x") == 1 ? 0 : 1);
       },
       ::testing::ExitedWithCode(0), "");
-  std::string content = "untouched";
-  EXPECT_EQ(1, sys::load_file("/dev/zero", content));  // endless: its size says nothing
-  EXPECT_EQ("untouched", content);
 }
 
 TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   mota_test::temp_dir dir;
   const std::string path = dir / "out.bin";
-  const std::string bytes("\xEF\xBB\xBF\0tail", 8);
-  ASSERT_EQ(0, sys::store_file(path, bytes));
+  ASSERT_EQ(0, sys::store_file(path, std::string("\xEF\xBB\xBF\0tail", 8)));
   EXPECT_EQ(0, sys::store_file(path, "ab"));  // shorter: truncated
   EXPECT_EQ("ab", read_bytes(path));
 
@@ -157,6 +129,17 @@ TEST(StoreFile, WritesTruncatesAndRefusesLinks) {
   EXPECT_EQ(0, sys::store_file("/dev/null", "x"));
   EXPECT_EQ(1, sys::store_file("/dev/full", "x"));
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  // The stream openers refuse links too; other failures show in the stream.
+  std::ifstream in, missing;
+  std::ofstream out;
+  EXPECT_FALSE(sys::safe_iopen<ustring8>(dir / "link", in));
+  EXPECT_FALSE(sys::safe_oopen<ustring8>(dir / "link", out));
+  EXPECT_FALSE(in.is_open() || out.is_open());
+  EXPECT_TRUE(sys::safe_iopen<ustring8>(dir / "missing", missing));
+  EXPECT_TRUE(missing.fail());
+  EXPECT_TRUE(sys::safe_oopen<ustring8>(path, out));
+  out.close();
+  EXPECT_EQ("", read_bytes(path));  // truncated
 }
 
 TEST(StoreFile, AFailureMidwayKeepsTheOldFileAndLeavesNoTemporary) {
@@ -184,10 +167,8 @@ TEST(StoreFile, KeepsPermissionBitsAndFallsBackInPlace) {
   EXPECT_EQ(0, sys::store_file(path, "new"));
   EXPECT_EQ("new", read_bytes(path));
   EXPECT_EQ(0604u, mode_of(path));
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
   EXPECT_EQ(0, sys::store_file(dir / "fresh.cfg", "new"));
-  EXPECT_EQ(0666u & ~mask, mode_of(dir / "fresh.cfg"));
+  EXPECT_EQ(0666u & ~current_umask(), mode_of(dir / "fresh.cfg"));
 
   // No room for the temporary's longer name: the file is rewritten where it is.
   const std::string long_name = dir / std::string(250, 'l');
@@ -239,39 +220,18 @@ TEST(StoreFile, ALinkSwappedInIsNeverFollowed) {
   EXPECT_EQ("pointee", read_bytes(pointee));
 }
 
-TEST(SafeOpen, LinksAreRefusedOtherFailuresShowInTheStream) {
+// The result is that of the last mkdir.
+TEST(CreateDirectory, CreatesPrefixesButNotTheLastComponent) {
   mota_test::temp_dir dir;
-  write_bytes(dir / "file", "data");
-  make_link(dir / "file", dir / "link");
-  std::ifstream in, missing;
-  std::ofstream out;
-  EXPECT_FALSE(sys::safe_iopen<ustring8>(dir / "link", in));
-  EXPECT_FALSE(sys::safe_oopen<ustring8>(dir / "link", out));
-  EXPECT_FALSE(in.is_open() || out.is_open());
-  EXPECT_TRUE(sys::safe_iopen<ustring8>(dir / "missing", missing));
-  EXPECT_TRUE(missing.fail());
-  EXPECT_TRUE(sys::safe_oopen<ustring8>(dir / "file", out));
-  out.close();
-  EXPECT_EQ("", read_bytes(dir / "file"));  // truncated
-}
-
-using CreateDirectory = InTempDir;
-
-TEST_F(CreateDirectory, CreatesPrefixesButNotTheLastComponent) {
+  const fs::path previous = fs::current_path();
+  fs::current_path(dir.path());
   for (const char* path : {"x/y", "p/q/", "./dot/inner", "m/n/o"})
     EXPECT_TRUE(sys::create_directory(path)) << path;
   for (const char* p : {"x", "p/q", "dot", "m/n"})
     EXPECT_TRUE(fs::is_directory(p)) << p;
   for (const char* p : {"x/y", "dot/inner", "m/n/o"})
     EXPECT_FALSE(fs::exists(p)) << p;
-  struct stat info;
-  ASSERT_EQ(0, ::stat("p/q", &info));
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  EXPECT_EQ(0775u & ~mask, info.st_mode & 0777u);
-}
-
-TEST_F(CreateDirectory, ResultIsThatOfTheLastMkdir) {
+  EXPECT_EQ(0775u & ~current_umask(), mode_of("p/q"));
   fs::create_directory("have");
   EXPECT_TRUE(sys::create_directory("have"));       // exists: no mkdir at all
   EXPECT_FALSE(sys::create_directory("have/new"));  // mkdir("have") failed last
@@ -280,43 +240,22 @@ TEST_F(CreateDirectory, ResultIsThatOfTheLastMkdir) {
   EXPECT_FALSE(sys::create_directory("plain"));
   EXPECT_FALSE(sys::create_directory(""));
   // An absolute path skips its leading "/"; the existing parents fail quietly.
-  const std::string absolute = (dir_.path() / "abs").string() + "/";
-  EXPECT_TRUE(sys::create_directory(absolute));
-  EXPECT_TRUE(fs::is_directory(absolute));
+  EXPECT_TRUE(sys::create_directory(dir / "abs/"));
+  EXPECT_TRUE(fs::is_directory(dir / "abs"));
+  fs::current_path(previous);
 }
 
-TEST(HaveReadAccess, TestsTheOwnerReadBit) {
+TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirstOnlyReadableOnes) {
+  // Group and others may read hidden.txt, not the owner; the directory closed has no owner read.
   mota_test::temp_dir dir;
-  write_bytes(dir / "write_only", "");
-  ::chmod((dir / "write_only").c_str(), 0244);  // group and others may read, not the owner
-  make_link(dir / "write_only", dir / "link");
-  EXPECT_TRUE(sys::have_read_access(dir.str()));
-  EXPECT_FALSE(sys::have_read_access(dir / "link"));
-  EXPECT_FALSE(sys::have_read_access(dir / "write_only"));
-  EXPECT_FALSE(sys::have_read_access(dir / "missing"));
-}
-
-namespace {
-
-// d/a.txt d/b.txt d/hidden.txt (no owner read) d/sub1/c.txt d/sub1/deep/e.txt d/sub2/f.txt
-// d/closed/g.txt (directory without owner read)
-std::string make_tree(const mota_test::temp_dir& dir) {
   const std::string d = dir / "d";
   for (const char* sub : {"", "/sub1", "/sub1/deep", "/sub2", "/closed"})
     fs::create_directories(d + sub);
   for (const char* file : {"/a.txt", "/b.txt", "/hidden.txt", "/sub1/c.txt", "/sub1/deep/e.txt",
                            "/sub2/f.txt", "/closed/g.txt"})
     write_bytes(d + file, file);
-  ::chmod((d + "/hidden.txt").c_str(), 0200);
+  ::chmod((d + "/hidden.txt").c_str(), 0244);
   ::chmod((d + "/closed").c_str(), 0300);
-  return d;
-}
-
-}  // namespace
-
-TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
-  mota_test::temp_dir dir;
-  const std::string d = make_tree(dir);
   std::vector<ustring8> files{"kept"};
   sys::get_directory_files(d, files);
   ASSERT_EQ(6u, files.size());
@@ -338,6 +277,19 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirst) {
   sys::get_directory_files(dir / "missing", sub2);
   sys::get_directory_files(d + "/a.txt", sub2);
   EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sub2);
+
+  // list_directory gives every entry, unfiltered and flat.
+  make_link("nowhere", d + "/dangling");
+  // have_read_access tests the owner's read bit and refuses links.
+  EXPECT_TRUE(sys::have_read_access(d));
+  for (const std::string& path : {d + "/hidden.txt", d + "/dangling", d + "/missing"})
+    EXPECT_FALSE(sys::have_read_access(path)) << path;
+  EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/hidden.txt", d + "/sub1", d + "/sub2",
+                    d + "/closed", d + "/dangling"}),
+            as_set(sys::list_directory(d)));
+  EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sys::list_directory(d + "/sub2/"));
+  EXPECT_TRUE(sys::list_directory(dir / "missing").empty());
+  EXPECT_TRUE(sys::list_directory(d + "/a.txt").empty());
 }
 
 TEST(GetDirectoryFiles, FollowsLinksButNotBackIntoItsOwnPath) {
@@ -345,9 +297,8 @@ TEST(GetDirectoryFiles, FollowsLinksButNotBackIntoItsOwnPath) {
   const std::string d = dir / "d";
   fs::create_directories(d + "/x/y");
   fs::create_directories(d + "/z");
-  write_bytes(d + "/x/y/deep.txt", "");
-  write_bytes(d + "/z/zz.txt", "");
-  write_bytes(dir / "outside.txt", "");
+  for (const std::string& file : {d + "/x/y/deep.txt", d + "/z/zz.txt", dir / "outside.txt"})
+    write_bytes(file, "");
   make_link(dir / "outside.txt", d + "/to_file");
   make_link("..", d + "/x/y/up1");      // loops to x
   make_link("../..", d + "/x/y/up2");   // loops to d
@@ -368,19 +319,6 @@ TEST(GetDirectoryFiles, FollowsLinksButNotBackIntoItsOwnPath) {
   sys::get_directory_files(d, files);
   EXPECT_EQ(as_set({d + "/to_file", d + "/x/y/deep.txt", d + "/x/sibling/zz.txt", d + "/z/zz.txt"}),
             as_set(files));
-}
-
-TEST(ListDirectory, EveryEntryUnfilteredAndFlat) {
-  mota_test::temp_dir dir;
-  const std::string d = make_tree(dir);
-  make_link("nowhere", d + "/dangling");
-  const std::vector<ustring8> entries = sys::list_directory(d);
-  EXPECT_EQ(as_set({d + "/a.txt", d + "/b.txt", d + "/hidden.txt", d + "/sub1", d + "/sub2",
-                    d + "/closed", d + "/dangling"}),
-            as_set(entries));
-  EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sys::list_directory(d + "/sub2/"));
-  EXPECT_TRUE(sys::list_directory(dir / "missing").empty());
-  EXPECT_TRUE(sys::list_directory(d + "/a.txt").empty());
 }
 
 // Every wide form converts the path to UTF-8 and forwards; a character outside the BMP takes a

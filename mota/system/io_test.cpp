@@ -23,7 +23,7 @@ void touch(const std::string& path, const char* text = "") {
 
 }  // namespace
 
-TEST(IoTypeTests, ModeBitsAfterFollowingLinks) {
+TEST(Io, TypeTestsFollowLinksActionsIgnoreFailures) {
   mota_test::temp_dir dir;
   touch(dir / "file");
   fs::create_directory(dir / "sub");
@@ -55,10 +55,6 @@ TEST(IoTypeTests, ModeBitsAfterFollowingLinks) {
     EXPECT_EQ(c.file, io::is_file(c.path)) << c.path;
     EXPECT_EQ(c.directory, io::is_directory(c.path)) << c.path;
   }
-}
-
-TEST(IoActions, MoveAndRemoveIgnoreFailures) {
-  mota_test::temp_dir dir;
   touch(dir / "a", "A");
   io::move(dir / "a", dir / "b");
   io::move(dir / "missing", dir / "c");  // nothing happens, nothing thrown
@@ -78,10 +74,7 @@ TEST(IoActions, MoveAndRemoveIgnoreFailures) {
   io::remove_file(dir / "missing");
   EXPECT_FALSE(fs::exists(dir / "b") || fs::exists(dir / "empty2"));
   EXPECT_TRUE(fs::exists(dir / "full/x"));
-}
-
-TEST(IoMkdir, CreatesEveryComponent) {
-  mota_test::temp_dir dir;
+  // mkdir creates every component.
   io::mkdir(dir / "a/b/c");
   EXPECT_TRUE(fs::is_directory(dir / "a/b/c"));
   io::mkdir(dir / "t/u/");

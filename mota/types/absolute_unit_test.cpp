@@ -19,7 +19,7 @@ void expect_reads(const absolute_unit& raw, double expected) {
 
 }  // namespace
 
-TEST(AbsoluteUnit, OneInchReadInEveryUnit) {
+TEST(AbsoluteUnit, OneInchReadInEveryUnitAndSetThroughTheFactor) {
   const basic_absolute_impl<1> inch(100000);
   expect_reads<1>(inch, 100000);
   expect_reads<2>(inch, 300);
@@ -33,10 +33,7 @@ TEST(AbsoluteUnit, OneInchReadInEveryUnit) {
   const absolute_unit& base = basic_absolute_impl<5>(inch);
   EXPECT_EQ(5, base.do_type());
   EXPECT_DOUBLE_EQ(1.0, base.do_as_double());
-}
-
-// The setter keeps fractions of a raw unit; the raw-unit constructor drops them.
-TEST(AbsoluteUnit, SetterDividesByTheFactorWithoutTruncating) {
+  // The setter keeps fractions of a raw unit; the raw-unit constructor drops them.
   basic_absolute_impl<3> mm;
   mm.value(1.0);  // 100000 / 25.4 = 3937.007...
   EXPECT_EQ(3937, mm.as_md());
@@ -46,24 +43,19 @@ TEST(AbsoluteUnit, SetterDividesByTheFactorWithoutTruncating) {
   EXPECT_DOUBLE_EQ(-7.0, u.value());
 }
 
-TEST(AbsoluteUnit, RoundsHalfUpAlsoForNegatives) {
-  struct row {
-    double value;
-    double two_decimals;
+// Halves round up, also for negatives; huge lengths saturate instead of overflowing.
+TEST(AbsoluteUnit, RoundsHalfUpAndSaturates) {
+  basic_absolute_impl<1> u;
+  const struct {
+    double value, two_decimals;
     int whole;
-  };
-  const row rows[] = {{1.125, 1.13, 1}, {-1.125, -1.12, -1}, {2.5, 2.5, 3},
-                      {-2.5, -2.5, -2}, {-0.004, -0.0, 0},   {0.994, 0.99, 1}};
-  for (const row& r : rows) {
-    basic_absolute_impl<1> u;
+  } rows[] = {{1.125, 1.13, 1}, {-1.125, -1.12, -1}, {2.5, 2.5, 3},
+              {-2.5, -2.5, -2}, {-0.004, -0.0, 0},   {0.994, 0.99, 1}};
+  for (const auto& r : rows) {
     u.value(r.value);
     EXPECT_DOUBLE_EQ(r.two_decimals, u.as_double()) << r.value;
     EXPECT_EQ(r.whole, u.as_int32()) << r.value;
   }
-}
-
-TEST(AbsoluteUnit, HugeLengthsSaturateInsteadOfOverflowing) {
-  basic_absolute_impl<1> u;
   u.value(1e300);
   EXPECT_EQ(std::numeric_limits<int>::max(), u.as_md());
   EXPECT_EQ(std::numeric_limits<int>::max(), u.as_int32());

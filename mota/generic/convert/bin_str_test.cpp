@@ -26,9 +26,7 @@ TEST(BinStr, NamedNamespacesBothWriteMostSignificantFirst) {
   EXPECT_EQ(bytes({0x04, 0x03, 0x02, 0x01}), convert::uint32_to_bin_str(0x01020304u));
   EXPECT_EQ(bytes({0x3F, 0x80, 0x00, 0x00}), le::float_to_bin_str(1.0f));
   EXPECT_EQ(bytes({0xC0, 0x00, 0, 0, 0, 0, 0, 0}), be::double_to_bin_str(-2.0));
-}
-
-TEST(BinStr, ShortStringsGiveZeroAndExtraBytesAreIgnored) {
+  // Short strings read as zero, extra bytes are ignored.
   EXPECT_EQ(0, le::bin_str_to_int32(std::string("\x01\x02\x03", 3)));
   EXPECT_EQ(0.0, be::bin_str_to_double(std::string()));
   EXPECT_EQ(0x0102, be::bin_str_to_int16(bytes({0x01, 0x02, 0xFF, 0xFF})));

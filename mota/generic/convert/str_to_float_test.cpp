@@ -27,7 +27,7 @@ ustring16 u16(const char* s) {
 
 }  // namespace
 
-TEST(StrToFloat, ReadsLeadingNumberOrGivesZero) {
+TEST(StrToFloat, ReadsLeadingNumberInTheGivenLocaleOrGivesZero) {
   struct {
     const char* text;
     double expected;
@@ -43,9 +43,7 @@ TEST(StrToFloat, ReadsLeadingNumberOrGivesZero) {
   }
   EXPECT_EQ(0.0f, convert::str_to_float("1e60"));
   EXPECT_EQ(1e60L, convert::str_to_long_double("1e60"));
-}
-
-TEST(StrToFloat, UsesTheGivenLocale) {
+  // The locale given is used.
   const std::locale comma(std::locale::classic(), new comma_numpunct);
   EXPECT_EQ(1.5, convert::str_to_double("1,5", comma));
   EXPECT_EQ(1.5f, convert::str_to_float("1,5", comma));

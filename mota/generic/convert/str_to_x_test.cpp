@@ -148,15 +148,11 @@ void compare_one(const std::string& text, unsigned int radix, unsigned int size)
 // Every result type, at the full size and at size 0.
 template <typename... T>
 void compare_types(const std::string& text, unsigned int radix) {
-  const auto size = static_cast<unsigned int>(text.size());
-  (compare_one<T>(text, radix, size), ...);
-  (compare_one<T>(text, radix, 0), ...);
+  for (unsigned int size : {static_cast<unsigned int>(text.size()), 0u})
+    (compare_one<T>(text, radix, size), ...);
 }
-
-void compare(const std::string& text, unsigned int radix) {
-  compare_types<signed char, short, int, long, long long, unsigned char, unsigned short,
-                unsigned int, unsigned long, unsigned long long>(text, radix);
-}
+const auto compare = compare_types<signed char, short, int, long, long long, unsigned char,
+                                   unsigned short, unsigned int, unsigned long, unsigned long long>;
 
 // `v` written in `radix`, digits above 9 upper case when `upper`.
 std::string digits_of(unsigned long long v, unsigned int radix, bool upper) {
@@ -184,41 +180,30 @@ std::vector<unsigned long long> edge_magnitudes() {
 
 }  // namespace
 
-TEST(StrToXReference, LimitsInEveryRadixAndWidth) {
-  for (unsigned int radix = 2; radix <= 36; ++radix) {
+TEST(StrToXReference, LimitsInEveryRadixAndWidthAndBadRadixes) {
+  for (unsigned int radix = 2; radix <= 36; ++radix)
     for (unsigned long long m : edge_magnitudes()) {
       const std::string d = digits_of(m, radix, radix % 2 == 0);
-      for (const char* sign : {"", "-", "+"})
-        compare(sign + d, radix);
-      compare("000" + d, radix);
-      compare(" \t-" + d + "z", radix);
+      for (const char* lead : {"", "-", "+", "000", " \t-"})
+        compare(lead + d + (lead[0] == ' ' ? "z" : ""), radix);
     }
-  }
   // One past the 64-bit maximum, in decimal.
   compare("18446744073709551616", 10);
   compare("-18446744073709551616", 10);
-}
-
-TEST(StrToXReference, DetectedRadixPrefixesAndSigns) {
-  for (unsigned long long m : edge_magnitudes()) {
-    for (const char* sign : {"", "-", "+", " ", "\n-"}) {
-      compare(sign + digits_of(m, 10, false), 0);
-      compare(std::string(sign) + "0x" + digits_of(m, 16, false), 0);
-      compare(std::string(sign) + "0X" + digits_of(m, 16, true), 0);
-      compare(std::string(sign) + "0b" + digits_of(m, 2, false), 0);
-      compare(std::string(sign) + "0" + digits_of(m, 8, false), 0);
-      compare(std::string(sign) + "\\" + digits_of(m, 8, false), 0);
-      compare(std::string(sign) + "\\x" + digits_of(m, 16, false), 0);
-    }
-  }
-  for (const char* text : {"", " ", "-", "+", "0", "0x", "0b", "\\", "- 5", "08", "0b2", "1 2"})
-    compare(text, 0);
-}
-
-TEST(StrToXReference, BadRadixes) {
   for (unsigned int radix : {1u, 37u, 100u})
     for (const char* text : {"12", "-12", "z", " ", ""})
       compare(text, radix);
+}
+
+TEST(StrToXReference, DetectedRadixPrefixesAndSigns) {
+  const std::pair<std::string, unsigned int> prefixes[] = {
+      {"", 10}, {"0x", 16}, {"0X", 16}, {"0b", 2}, {"0", 8}, {"\\", 8}, {"\\x", 16}};
+  for (unsigned long long m : edge_magnitudes())
+    for (const char* sign : {"", "-", "+", " ", "\n-"})
+      for (const auto& [prefix, radix] : prefixes)
+        compare(sign + prefix + digits_of(m, radix, prefix == "0X"), 0);
+  for (const char* text : {"", " ", "-", "+", "0", "0x", "0b", "\\", "- 5", "08", "0b2", "1 2"})
+    compare(text, 0);
 }
 
 TEST(StrToXReference, GeneratedTexts) {
@@ -250,7 +235,7 @@ TEST(StrToXReference, GeneratedTexts) {
 
 // What the plain steps cannot show: the texts of the three failures, characters beyond the byte
 // range, a null text and the blank test itself.
-TEST(StrToX, FailureTextsAndThrowSites) {
+TEST(StrToX, FailureTextsWideCharactersNullTextsAndBlanks) {
   using mota::types::radix_t;
   EXPECT_THROWS(convert::str_to_uint64("3w5e11264sgsg", 13, radix_t::base_36, true),
                 ex::overflow_error, "Number value is to large", "strtouintx");
@@ -262,10 +247,6 @@ TEST(StrToX, FailureTextsAndThrowSites) {
     EXPECT_THROWS(convert::str_to_int("1", 0, static_cast<radix_t::base>(radix), false),
                   ex::invalid_argument_value,
                   "invalid radix value, values of 0, 2-36 are the only valid values", "strtointx");
-}
-
-TEST(StrToX, WideCharactersOutsideTheByteRangeAndNullTexts) {
-  using mota::types::radix_t;
   const wchar_t high[] = {L'7', static_cast<wchar_t>(0x80000031), 0};
   EXPECT_EQ(7, convert::str_to_int(high, 0, radix_t::decimal, false));
   const unsigned short fullwidth[] = {'3', 0xFF11, 0};

@@ -40,13 +40,10 @@ TEST(Ltoa, RadixWithoutDigitsWritesEmptyText) {
 }
 
 // Integers are checked against std::to_chars by the number text fuzz target; a char is a
-// character, not a number.
-TEST(ToStr, CharIsWrittenAsItself) {
+// character, not a number, and to_wstr widens each byte.
+TEST(ToStr, CharIsWrittenAsItselfToWstrWidensEachByte) {
   EXPECT_EQ("A", convert::to_str<char>('A'));
   EXPECT_EQ(std::string(1, '\xff'), convert::to_str<char>(static_cast<char>(-1)));
-}
-
-TEST(ToWstr, WidensEachByte) {
   EXPECT_EQ(std::wstring(L"ab"), convert::to_wstr("ab"));
   EXPECT_EQ(std::wstring(1, wchar_t(0xE9)), convert::to_wstr("\xE9"));
   EXPECT_EQ(std::wstring(L"a\0b", 3), convert::to_wstr(std::string("a\0b", 3)));

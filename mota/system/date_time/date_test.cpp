@@ -2,8 +2,6 @@
 
 #include <mota_test.hpp>
 
-#include <cstring>
-
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
@@ -37,14 +35,11 @@ struct civil {
 
 }  // namespace
 
-TEST(Date, DayNumbersOfKnownDates) {
+TEST(Date, DayNumbersOfKnownDatesAndWalksThatSkipOnlyTheLeapDay) {
   EXPECT_EQ(730426u, dt::date(1, 1, 2000).pJulian_day_number());
   EXPECT_EQ(307u, dt::date(1, 1, 1).pJulian_day_number());
   EXPECT_EQ(1u, dt::date(1, 3, 0).pJulian_day_number());
-}
-
-// Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
-TEST(Date, WalksAreConsecutiveAndSkipOnlyTheLeapDay) {
+  // Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
   for (unsigned year : {1899u, 1999u, 2099u}) {
     civil c{1, 1, year}, stepped = c;
     dt::date d(1, 1, year);
@@ -68,7 +63,7 @@ TEST(Date, WalksAreConsecutiveAndSkipOnlyTheLeapDay) {
   }
 }
 
-TEST(Date, AdditionAroundTheLeapDay) {
+TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
   struct {
     int days;
     unsigned day, month;
@@ -85,23 +80,21 @@ TEST(Date, AdditionAroundTheLeapDay) {
   EXPECT_TRUE(same(civil{1, 3, 2024}, d));
   d -= 2;
   EXPECT_TRUE(same(civil{28, 2, 2024}, d));
-}
-
-TEST(Date, SubtractionBelowDayOneThrows) {
-  dt::date d(1, 1, 1);
+  // Below day one a subtraction throws; a negative duration moves the other way.
+  d = dt::date(1, 1, 1);
   EXPECT_THROWS(d -= dt::date_duration(307), out_of_range, "date value out of valid range",
                 "minus_assign");
   EXPECT_TRUE(same(civil{1, 1, 1}, d));
   d.minus_assign(306);
   EXPECT_TRUE(same(civil{1, 3, 0}, d));
   d = dt::date(1, 1, 2000);
-  d -= dt::date_duration(-1);  // a negative duration moves forwards
+  d -= dt::date_duration(-1);
   EXPECT_TRUE(same(civil{2, 1, 2000}, d));
   d.plus_assign(dt::date_duration(-366));
   EXPECT_TRUE(same(civil{1, 1, 1999}, d));
 }
 
-TEST(Date, EffectiveDayIsClippedToTheMonth) {
+TEST(Date, EffectiveDayIsClippedToTheMonthSettersCheckTheirRange) {
   struct {
     unsigned day, month, year, effective;
     bool constrained;
@@ -118,9 +111,7 @@ TEST(Date, EffectiveDayIsClippedToTheMonth) {
   }
   EXPECT_EQ(0u, dt::date().day());
   EXPECT_FALSE(dt::date().is_day_constrained());
-}
-
-TEST(Date, SettersCheckTheirRange) {
+  // The setters check their range.
   dt::date d(15, 6, 2020);
   for (unsigned bad : {0u, 13u, 0xFFFFFFFFu})
     EXPECT_THROWS(d.month(bad), out_of_range, "month value out of valid range", "month");

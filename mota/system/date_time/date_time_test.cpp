@@ -24,7 +24,7 @@ dt::date_time_t noon_10_may() {
 
 }  // namespace
 
-TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOn) {
+TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOnDateDurationsAnyDay) {
   const struct {
     int hours, minutes;
     unsigned day, hour, minute;
@@ -41,30 +41,25 @@ TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOn) {
   dt::date_time_t v = noon_10_may();
   v -= dt::time_duration(-25, 0, 0, 0);  // negated: + 25 h
   EXPECT_TRUE(at(v, 2, 5, 2023, 13, 0));
-}
-
-TEST(DateTime, WholeDaysAndNegativeDaysThrowFromTheDaySetter) {
+  // Whole days and negative days throw from the day setter.
   for (int hours : {24, -25}) {
-    dt::date_time_t v = noon_10_may();
+    v = noon_10_may();
     EXPECT_THROWS(v += dt::time_duration(hours, 0, 0, 0), out_of_range,
                   "day value out of valid range", "day");
     EXPECT_TRUE(at(v, 10, 5, 2023, 12, 0));
   }
-}
-
-TEST(DateTime, PartsAndDateDurations) {
-  dt::date_time_t v;
-  EXPECT_TRUE(at(v, 0, 0, 0, 0, 0));
-  v = dt::time(8, 15, 1, 2);
-  v = dt::date(31, 4, 2023);
-  EXPECT_TRUE(at(v, 30, 4, 2023, 8, 15));
-  EXPECT_TRUE(v.is_day_constrained());
-  v += dt::date_duration(30);
-  EXPECT_TRUE(at(v, 31, 5, 2023, 8, 15));
-  v.assign(dt::date(1, 1, 1), dt::time(23, 0, 0, 0));
-  EXPECT_THROWS(v -= dt::date_duration(400), out_of_range, "date value out of valid range",
+  dt::date_time_t w;
+  EXPECT_TRUE(at(w, 0, 0, 0, 0, 0));
+  w = dt::time(8, 15, 1, 2);
+  w = dt::date(31, 4, 2023);
+  EXPECT_TRUE(at(w, 30, 4, 2023, 8, 15));
+  EXPECT_TRUE(w.is_day_constrained());
+  w += dt::date_duration(30);
+  EXPECT_TRUE(at(w, 31, 5, 2023, 8, 15));
+  w.assign(dt::date(1, 1, 1), dt::time(23, 0, 0, 0));
+  EXPECT_THROWS(w -= dt::date_duration(400), out_of_range, "date value out of valid range",
                 "minus_assign");
-  EXPECT_THROWS(v.second(60), out_of_range, "Second value out of valid range", "second");
+  EXPECT_THROWS(w.second(60), out_of_range, "Second value out of valid range", "second");
 }
 
 TEST(DateTime, ClockReadersMatchTheSystemClock) {

@@ -3,8 +3,6 @@
 
 #include <mota_test.hpp>
 
-#include <cstring>
-
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
@@ -19,7 +17,7 @@ namespace {
 
 }  // namespace
 
-TEST(TimeDuration, PartsTruncateTowardZero) {
+TEST(Durations, PartsTruncateTowardZeroAndWholeUnitsWrap) {
   const dt::time_duration d(1, 30, 0, 0);
   EXPECT_DOUBLE_EQ(1.5, d.total_hours());
   EXPECT_DOUBLE_EQ(90.0, d.total_minutes());
@@ -30,9 +28,7 @@ TEST(TimeDuration, PartsTruncateTowardZero) {
   EXPECT_EQ(-1, n.second());
   EXPECT_EQ(-500, n.millisecond());
   EXPECT_EQ(-1, n.total_complete_seconds());
-}
-
-TEST(TimeDuration, WholeUnitsWrapIn32BitsButMillisecondsDoNot) {
+  // Whole units wrap in 32 bits, milliseconds do not.
   EXPECT_EQ(3600000000LL - 4294967296LL, dt::time_duration(1000, 0, 0, 0).total_milliseconds());
   EXPECT_EQ(5000000000LL, dt::time_duration(0, 0, 0, 5000000000LL).total_milliseconds());
   const dt::time_duration a(1, 0, 0, 0), b(0, 0, 0, 250);
@@ -42,18 +38,15 @@ TEST(TimeDuration, WholeUnitsWrapIn32BitsButMillisecondsDoNot) {
   c -= b;
   c += a;
   EXPECT_EQ(7200000, c.total_milliseconds());
-}
-
-TEST(DateDuration, DaysWrapIn32Bits) {
-  dt::date_duration d;
-  d = dt::date_duration(0x7FFFFFFF) + 1;
-  EXPECT_EQ(-0x7FFFFFFF - 1, d.days());
-  d -= 1;
-  EXPECT_EQ(0x7FFFFFFF, d.days());
+  dt::date_duration days;  // days wrap in 32 bits
+  days = dt::date_duration(0x7FFFFFFF) + 1;
+  EXPECT_EQ(-0x7FFFFFFF - 1, days.days());
+  days -= 1;
+  EXPECT_EQ(0x7FFFFFFF, days.days());
   EXPECT_EQ(-3, (dt::date_duration(2) - 5).days());
 }
 
-TEST(Time, SettersCheckTheirRange) {
+TEST(Time, SettersCheckTheirRangeArithmeticWrapsOnceAroundMidnight) {
   struct {
     unsigned int (dt::time::*set)(unsigned int);
     unsigned int last_valid;
@@ -77,9 +70,6 @@ TEST(Time, SettersCheckTheirRange) {
   EXPECT_THROWS(dt::time(24, 60, 60, 1000), out_of_range, "Hour value out of valid range", "hour");
   EXPECT_THROWS(dt::time(0, 60, 60, 1000), out_of_range, "Minute value out of valid range",
                 "minute");
-}
-
-TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
   EXPECT_TRUE(at(dt::time_duration(0, 0, 0, 1) + dt::time(23, 59, 59, 999), 0, 0, 0, 0));
   EXPECT_TRUE(at(dt::time(0, 0, 0, 0) - dt::time_duration(1, 0, 0, 0), 23, 0, 0, 0));
   // Two days back is minus one day after the single wrap: midnight again.
@@ -92,9 +82,7 @@ TEST(Time, ArithmeticWrapsOnceAroundMidnight) {
                 "Hour value out of valid range", "hour");
   t = t + dt::time_duration(0, 0, 0, 86400000LL * 5 + 61001);
   EXPECT_TRUE(at(t, 0, 1, 1, 1));
-}
-
-TEST(Time, DifferenceIsFieldWise) {
+  // The difference of two times is taken field by field.
   EXPECT_EQ(29500, (dt::time(1, 0, 0, 0) - dt::time(0, 59, 30, 500)).total_milliseconds());
   EXPECT_EQ(-29500, dt::minus(dt::time(0, 59, 30, 500), dt::time(1, 0, 0, 0)).total_milliseconds());
 }
