@@ -29,7 +29,7 @@ for b in "$dir"/bench/*_bench; do
   echo "== $suite"
   args=(--benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true
     --benchmark_report_aggregates_only=true --benchmark_counters_tabular=true
-    --benchmark_out="$results/$suite.csv" --benchmark_out_format=csv)
+    --benchmark_out="$results/$suite.json" --benchmark_out_format=json)
   if [ -n "${BENCH_FILTER:-}" ]; then args+=(--benchmark_filter="$BENCH_FILTER"); fi
   "$b" "${args[@]}" "$@"
 done
@@ -45,22 +45,21 @@ printf '%-48s %14s %14s %8s %6s  %s\n' "path" "ours" "peer" "ratio" "goal" ""
 for ratios in "$here"/bench/*.ratios; do
   [ -f "$ratios" ] || continue
   suite=$(basename "$ratios" .ratios)
-  csv="$results/$suite.csv"
-  awk -F'\t' -v csv="$csv" -v suite="$suite" '
-    # Reads the medians of the suite: value[name, column] from the CSV Google Benchmark wrote.
-    function load(   line, n, i, f, name) {
+  json="$results/$suite.json"
+  awk -F'\t' -v json="$json" -v suite="$suite" '
+    # Reads the medians of the suite: value[name, key] from the JSON Google Benchmark wrote, one
+    # "key": value pair a line. (JSON, not CSV: the CSV writer aborts when the benchmarks of one
+    # suite report different counters.)
+    function load(   line, key, val, name) {
       loaded = 1
-      # The file may open with a few lines about the machine; the table starts at "name,".
-      do { if ((getline line < csv) <= 0) return } while (line !~ /^name,/)
-      n = split(line, f, ",")
-      for (i = 1; i <= n; i++) { gsub(/"/, "", f[i]); header[i] = f[i] }
-      while ((getline line < csv) > 0) {
-        n = split(line, f, ",")
-        name = f[1]; gsub(/"/, "", name)
+      while ((getline line < json) > 0) {
+        if (line !~ /^ *"[^"]+": /) continue
+        key = line; sub(/^ *"/, "", key); sub(/".*$/, "", key)
+        val = line; sub(/^ *"[^"]+": /, "", val); sub(/,$/, "", val); gsub(/"/, "", val)
+        if (key == "name") { name = val; continue }
         if (name !~ /_median$/) continue
-        sub(/_median$/, "", name)
-        for (i = 2; i <= n; i++) value[name, header[i]] = f[i]
-        unit[name] = value[name, "time_unit"]
+        value[substr(name, 1, length(name) - 7), key] = val
+        if (key == "time_unit") unit[substr(name, 1, length(name) - 7)] = val
       }
     }
     function scale(u) { return u == "s" ? 1e9 : u == "ms" ? 1e6 : u == "us" ? 1e3 : 1 }
