@@ -85,23 +85,21 @@ namespace {
 
 struct seen {
   int kind;
-  std::string text;  // compared only for kinds that store text
+  std::string text;  // a blank keeps the text of the token before it
   unsigned start, end;
 };
 
-// Lexes the whole line and compares every token's kind, text (blanks excepted) and indexes.
+// Lexes the whole line and compares every token's kind, text, indexes and the position after it.
 void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
   SCOPED_TRACE(line);
   config_token tok;
   unsigned pos = 0;
   for (const seen& w : want) {
-    const int kind = next(line, pos, tok);
-    EXPECT_EQ(w.kind, kind);
-    if (kind != T::T_SPACE) {
-      EXPECT_EQ(w.text, tok.text);
-    }
+    EXPECT_EQ(w.kind, next(line, pos, tok));
+    EXPECT_EQ(w.text, tok.text);
     EXPECT_EQ(w.start, tok.start);
     EXPECT_EQ(w.end, tok.end);
+    EXPECT_EQ(w.end, pos);
   }
   EXPECT_EQ(T::T_END, next(line, pos, tok));
 }
@@ -110,9 +108,9 @@ void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
 
 TEST(ConfigLexer, SequencesCarryPositions) {
   expect_tokens("a  = 1", {{T::T_VAR, "a", 0, 1},
-                           {T::T_SPACE, "", 1, 3},
+                           {T::T_SPACE, "a", 1, 3},
                            {T::T_EQ, "=", 3, 4},
-                           {T::T_SPACE, "", 4, 5},
+                           {T::T_SPACE, "=", 4, 5},
                            {T::T_NUM, "1", 5, 6}});
   expect_tokens("x\r\n", {{T::T_VAR, "x", 0, 1}, {T::T_NEWLINE, "\n", 1, 3}});
   expect_tokens("k=\"v w\"#c", {{T::T_VAR, "k", 0, 1},
@@ -120,6 +118,11 @@ TEST(ConfigLexer, SequencesCarryPositions) {
                                 {T::T_STRING, "v w", 2, 7},
                                 {T::T_POUND, "#", 7, 8},
                                 {T::T_VAR, "c", 8, 9}});
+  // the tab is not part of the run of blanks
+  expect_tokens("ab   \tc", {{T::T_VAR, "ab", 0, 2},
+                             {T::T_SPACE, "ab", 2, 5},
+                             {T::T_TABCHAR, "\t", 5, 6},
+                             {T::T_VAR, "c", 6, 7}});
 }
 
 TEST(ConfigLexer, EndLeavesTheTokenUntouched) {
@@ -137,17 +140,6 @@ TEST(ConfigLexer, EndLeavesTheTokenUntouched) {
     EXPECT_EQ(7u, tok.start);
     EXPECT_EQ(9u, tok.end);
   }
-}
-
-TEST(ConfigLexer, BlanksKeepThePreviousText) {
-  config_token tok;
-  unsigned pos = 0;
-  next("ab   \tc", pos, tok);
-  EXPECT_EQ(T::T_SPACE, next("ab   \tc", pos, tok));  // the tab is not part of the run
-  EXPECT_EQ("ab", tok.text);
-  EXPECT_EQ(2u, tok.start);
-  EXPECT_EQ(5u, tok.end);
-  EXPECT_EQ(5u, pos);
 }
 
 // Every kind prints its own name; the two values between the kinds (one is the comment
