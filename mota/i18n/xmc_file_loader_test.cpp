@@ -9,11 +9,8 @@
 #include <string>
 #include <vector>
 
-using mota::i18n::catalog_t;
-using mota::i18n::message_item;
 using mota::i18n::message_t;
 using mota::i18n::_private::xmc_file_loader;
-using mota::strings::ustring8;
 using load_error = xmc_file_loader::load_error;
 
 namespace {
@@ -32,7 +29,7 @@ std::string in_file(const std::string& file) {
 // The items of a loaded message as "type:data" strings.
 std::vector<std::string> items_of(const message_t& m) {
   std::vector<std::string> out;
-  for (const message_item& item : m)
+  for (const mota::i18n::message_item& item : m)
     out.push_back(std::to_string(item.type()) + ":" + item.data());
   return out;
 }
@@ -145,7 +142,7 @@ TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
   EXPECT_EQ(1u, loader.data().size());
   EXPECT_EQ(1u, loader.data().count("extra"));
   // the second language pass adds "." and "en" again
-  EXPECT_EQ((std::vector<ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
+  EXPECT_EQ((std::vector<mota::strings::ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
 }
 
 // Within one load the first of two equal-weight variants wins. The merge rules are the catalog
