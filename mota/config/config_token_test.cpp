@@ -5,6 +5,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -17,18 +18,10 @@ int next(const ustring8& line, unsigned& pos, config_token& tok) {
   return mota::config::base_config_item::get_token(line, pos, tok);
 }
 
-struct single_case {
-  std::string line;
-  int returned;
-  int type;
-  std::string text;
-  unsigned end;
-};
-
 }  // namespace
 
 TEST(ConfigLexer, FirstTokenOfEachKind) {
-  const std::vector<single_case> cases = {
+  const std::tuple<std::string, int, int, std::string, unsigned> cases[] = {
       {"abc1", T::T_VAR, T::T_VAR, "abc", 3},
       {"0123x", T::T_NUM, T::T_NUM, "0123", 4},
       {"\nx", T::T_NEWLINE, T::T_NEWLINE, "\n", 1},
@@ -68,16 +61,16 @@ TEST(ConfigLexer, FirstTokenOfEachKind) {
       {"\"ends\\", T::T_STRING, T::T_STRING, "ends\\", 6},
       {"\"two\nlines\" x", T::T_STRING, T::T_STRING, "two\nlines", 11},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.line);
+  for (const auto& [line, returned, type, text, end] : cases) {
+    SCOPED_TRACE(line);
     config_token tok;
     unsigned pos = 0;
-    EXPECT_EQ(c.returned, next(c.line, pos, tok));
-    EXPECT_EQ(c.type, static_cast<int>(tok.type));
-    EXPECT_EQ(c.text, tok.text);
+    EXPECT_EQ(returned, next(line, pos, tok));
+    EXPECT_EQ(type, static_cast<int>(tok.type));
+    EXPECT_EQ(text, tok.text);
     EXPECT_EQ(0u, tok.start);
-    EXPECT_EQ(c.end, tok.end);
-    EXPECT_EQ(c.end, pos);
+    EXPECT_EQ(end, tok.end);
+    EXPECT_EQ(end, pos);
   }
 }
 

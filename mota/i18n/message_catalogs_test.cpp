@@ -9,6 +9,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::generic::varg_list;
@@ -46,19 +47,16 @@ std::string xmc(const std::string& body) {
 }  // namespace
 
 TEST(MessageCatalogsResult, MessagesByKindAndLoaderHeadlines) {
-  const struct {
-    int kind;
-    std::string expected;
-  } cases[] = {
+  const std::tuple<int, std::string> cases[] = {
       {0, kHead + "No Error"},
       {3, kHead + "File \"d\" was not found on disk"},
       {4, kHead + "Directory \"d\" was not found on disk"},
       {5, kHead + "Entity (file or directory) \"d\" was not found on disk"},
   };
-  for (const auto& c : cases) {
-    result_type r(static_cast<message_catalogs::error_type>(c.kind), "d");
-    EXPECT_EQ(c.kind, r.type);
-    EXPECT_EQ(c.expected, r.message);
+  for (const auto& [kind, expected] : cases) {
+    result_type r(static_cast<message_catalogs::error_type>(kind), "d");
+    EXPECT_EQ(kind, r.type);
+    EXPECT_EQ(expected, r.message);
   }
   std::ostringstream out;
   out << result_type(message_catalogs::no_catalog_loaded, "d");
@@ -72,21 +70,18 @@ TEST(MessageCatalogsResult, MessagesByKindAndLoaderHeadlines) {
 
   // a loader's error under a headline; those of the kinds a file can give are shown in
   // docs/xmc-format.md
-  const struct {
-    int kind;
-    const char* headline;
-  } loads[] = {
+  const std::tuple<int, const char*> loads[] = {
       {0, "No Error\n "},
       {1, "No catalog was loaded\n "},
       {2, "Default locale lookup not supported yet\n "},
       {4, "XML parse error, XML file not well formed\n "},  // the loader words its own text
       {15, "Unhandled case\n "},
   };
-  for (const auto& c : loads) {
-    xmc_file_loader::load_error e(static_cast<xmc_file_loader::error_type>(c.kind), "x");
+  for (const auto& [kind, headline] : loads) {
+    xmc_file_loader::load_error e(static_cast<xmc_file_loader::error_type>(kind), "x");
     result_type r(e);
-    EXPECT_EQ(c.kind, r.type);
-    EXPECT_EQ(kHead + c.headline + e.message, r.message);
+    EXPECT_EQ(kind, r.type);
+    EXPECT_EQ(kHead + headline + e.message, r.message);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::i18n::message_t;
@@ -70,20 +71,17 @@ TEST(XmcLoadError, TextsNoFileYieldsAndUnknownValues) {
 }
 
 TEST(XmcLoader, LanguageListAndEmptyLocale) {
-  const struct {
-    const char* locale;
-    std::vector<std::string> expected;
-  } cases[] = {
+  const std::tuple<const char*, std::vector<std::string>> cases[] = {
       {"de-DE.UTF-8", {".", "en", "de", "de_DE", "de_DE_UTF", "de_DE_UTF_8"}},
       {"", {".", "en"}},
       {".", {".", "en", "."}},
       {"de__AT_", {".", "en", "de", "de_", "de__AT"}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [locale, expected] : cases) {
     xmc_file_loader loader;
-    loader.handle_language(c.locale);
+    loader.handle_language(locale);
     std::vector<std::string> got(loader.languages().begin(), loader.languages().end());
-    EXPECT_EQ(c.expected, got) << c.locale;
+    EXPECT_EQ(expected, got) << locale;
   }
   // parse() refuses an empty locale before it looks for the file
   xmc_file_loader loader;
@@ -162,11 +160,8 @@ TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
 // entity, an include cycle) are checked there; the rows here are the others.
 TEST(XmcLoader, EveryErrorKindFromAFile) {
   const std::string dir = data_dir() + "errors/";
-  const struct {
-    const char* file;
-    int kind;
-    std::string text;  // before the file line
-  } cases[] = {
+  const std::tuple<const char*, int, std::string> cases[] = {
+      // file, kind, text before the file line
       {"e03_missing_include.xmc", 3, "File \"" + dir + "missing.xmc\" was not found on disk"},
       {"e03_empty_include.xmc", 3, "File \"\" was not found on disk"},
       {"e05_catalog_attribute.xmc", 5, "Invalid attibute \"size\""},
@@ -180,21 +175,17 @@ TEST(XmcLoader, EveryErrorKindFromAFile) {
       {"e14_no_element.xmc", 14, "Unexpected parse error happen!"},
       {"e04_unclosed.xmc", 4, "Unexpected end of file during XML parsing\n at line: \"0\""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [file, kind, text] : cases) {
     xmc_file_loader loader;
-    load_error e = loader.parse(dir + c.file, "en");
-    EXPECT_EQ(c.kind, e.type) << c.file;
-    EXPECT_EQ(kPrefix + c.text + in_file(dir + c.file), e.message) << c.file;
+    load_error e = loader.parse(dir + file, "en");
+    EXPECT_EQ(kind, e.type) << file;
+    EXPECT_EQ(kPrefix + text + in_file(dir + file), e.message) << file;
   }
 }
 
 // The header rules, then each XML fault (kind 4) as the loader words it.
 TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
-  const struct {
-    std::string content;
-    int kind;
-    std::string text;
-  } cases[] = {
+  const std::tuple<std::string, int, std::string> cases[] = {
       {"<?xml?><xmc/>", 5, "Invalid attibute \"\""},
       {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
       {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
@@ -210,11 +201,11 @@ TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
        "attribute \"version\" is being redefined\n at line: \"0\""},
       {"<?xml?><xmc version=\"1.0\"/>\n<b/>", 4, "Data found after root element\n at line: \"1\""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [content, kind, text] : cases) {
     xmc_file_loader loader;
-    load_error e = loader.parse_string(c.content, "h.xmc");
-    EXPECT_EQ(c.kind, e.type) << c.content;
-    EXPECT_EQ(kPrefix + c.text + (c.kind ? in_file("h.xmc") : ""), e.message) << c.content;
+    load_error e = loader.parse_string(content, "h.xmc");
+    EXPECT_EQ(kind, e.type) << content;
+    EXPECT_EQ(kPrefix + text + (kind ? in_file("h.xmc") : ""), e.message) << content;
   }
 }
 
