@@ -11,7 +11,6 @@ namespace {
 using mota::config::commandline_item;
 using mota_test::render;
 
-// Loads a command line and returns its tree and what it printed.
 std::pair<std::string, std::string> load(const std::vector<const char*>& argv) {
   commandline_item item(static_cast<unsigned>(argv.size()), argv.data());
   testing::internal::CaptureStdout();

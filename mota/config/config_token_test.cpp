@@ -76,23 +76,20 @@ TEST(ConfigLexer, FirstTokenOfEachKind) {
 
 namespace {
 
-struct seen {
-  int kind;
-  std::string text;  // a blank keeps the text of the token before it
-  unsigned start, end;
-};
+// kind, text (a blank keeps the text of the token before it), start and end
+using seen = std::tuple<int, std::string, unsigned, unsigned>;
 
 // Lexes the whole line and compares every token's kind, text, indexes and the position after it.
 void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
   SCOPED_TRACE(line);
   config_token tok;
   unsigned pos = 0;
-  for (const seen& w : want) {
-    EXPECT_EQ(w.kind, next(line, pos, tok));
-    EXPECT_EQ(w.text, tok.text);
-    EXPECT_EQ(w.start, tok.start);
-    EXPECT_EQ(w.end, tok.end);
-    EXPECT_EQ(w.end, pos);
+  for (const auto& [kind, text, start, end] : want) {
+    EXPECT_EQ(kind, next(line, pos, tok));
+    EXPECT_EQ(text, tok.text);
+    EXPECT_EQ(start, tok.start);
+    EXPECT_EQ(end, tok.end);
+    EXPECT_EQ(end, pos);
   }
   EXPECT_EQ(T::T_END, next(line, pos, tok));
 }

@@ -47,7 +47,6 @@ std::string xmc(const std::string& body) {
   return "<?xml version=\"1.0\"?>\n<xmc version=\"1.0\">" + body + "</xmc>";
 }
 
-// Parses an in-memory file for locale en.
 load_error parse_en(xmc_file_loader& loader, const std::string& body) {
   loader.handle_language("en");
   return loader.parse_string(xmc(body), "t.xmc");

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -53,24 +54,20 @@ outcome run(const std::string& text) {
   return {e.type, e.line, e.text, r.log};
 }
 
-struct parse_case {
-  const char* input;
-  error::error_type type;
-  std::uint32_t line;
-  const char* text;
-  const char* log;
-};
+// input, then the error's kind, line and text, then the events delivered
+using parse_case =
+    std::tuple<const char*, error::error_type, std::uint32_t, const char*, const char*>;
 
-// Parses each case's input after `prefix`; compares the result and the events delivered.
+// Parses each input after `prefix`; compares the result and the events delivered.
 template <std::size_t N>
 void check(const parse_case (&cases)[N], const std::string& prefix = "<?xml?>") {
-  for (const parse_case& c : cases) {
-    SCOPED_TRACE("input: " + prefix + c.input);
-    const outcome o = run(prefix + c.input);
-    EXPECT_EQ(c.type, o.type);
-    EXPECT_EQ(c.line, o.line);
-    EXPECT_EQ(std::string(c.text), o.text);
-    EXPECT_EQ(std::string(c.log), o.log);
+  for (const auto& [input, type, line, text, log] : cases) {
+    SCOPED_TRACE("input: " + prefix + input);
+    const outcome o = run(prefix + input);
+    EXPECT_EQ(type, o.type);
+    EXPECT_EQ(line, o.line);
+    EXPECT_EQ(std::string(text), o.text);
+    EXPECT_EQ(std::string(log), o.log);
   }
 }
 

@@ -11,7 +11,6 @@ using mota::strings::ustring8;
 using error = mota::parser::xml_parser::parse_error;
 using token = xml_token_stream::token;
 
-// One line per token: its number and its text.
 std::string dump(const xml_token_stream& stream) {
   std::string out;
   for (const token& t : stream)
