@@ -65,12 +65,25 @@ TEST(ConfigItem, SetTextSplitsAtTheFirstEqualsToken) {
   }
 }
 
-TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparator) {
+TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparatorAndQuoteValueQuotesBlanks) {
   using P = std::pair<ustring8, ustring8>;
   EXPECT_EQ(P("a", "b:c"), base_config_item::make_key_value("a:b:c", config_token::T_COLON));
   EXPECT_EQ(P("a:=b", ""), base_config_item::make_key_value("a:=b", config_token::T_COLON));
   EXPECT_EQ(P("x", "y"), base_config_item::make_key_value("x==y", config_token::T_EQEQ));
   EXPECT_EQ(P("", ""), base_config_item::make_key_value("", config_token::T_EQ));
+
+  // quote_value quotes only text with blanks
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"plain", "plain"},
+      {"", ""},
+      {"a b", "\"a b\""},
+      {"a\tb", "\"a\tb\""},
+      {"a\r", "\"a\r\""},
+      {"\n", "\"\n\""},
+      {"say \"hi\"", "\"say \"hi\"\""},
+  };
+  for (const auto& [in, out] : cases)
+    EXPECT_EQ(out, mota::config::quote_value(in)) << in;
 }
 
 TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
@@ -151,18 +164,4 @@ TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {
       "arr[]|\t\t1\narr.0|\t\tx\nb|\t\tv\nlink?|\t\tb\n"
       "end\n",
       out.str());
-}
-
-TEST(ConfigQuoteValue, QuotesOnlyTextWithBlanks) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"plain", "plain"},
-      {"", ""},
-      {"a b", "\"a b\""},
-      {"a\tb", "\"a\tb\""},
-      {"a\r", "\"a\r\""},
-      {"\n", "\"\n\""},
-      {"say \"hi\"", "\"say \"hi\"\""},
-  };
-  for (const auto& [in, out] : cases)
-    EXPECT_EQ(out, mota::config::quote_value(in)) << in;
 }
