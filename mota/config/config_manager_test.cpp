@@ -85,7 +85,9 @@ TEST(ConfigManager, ForwardsToAClonedDispatch) {
   EXPECT_TRUE(m.get_items().empty());
 }
 
-TEST(ConfigManager, FirstItemWinsArraysGiveTheirFirstElementAndArrayQueries) {
+// A chain through other items and a cycle of two keys are value_origin's test, which holds
+// them against get_value.
+TEST(ConfigManager, LookupsFirstItemWinsIndirectionRestartsAndArrays) {
   user_item a, b;
   put(a, "x", "a");
   put_array(a, "arr", {"p", "q"});
@@ -96,6 +98,14 @@ TEST(ConfigManager, FirstItemWinsArraysGiveTheirFirstElementAndArrayQueries) {
   put(a, "late", "plain first");
   put_array(b, "late", {"1", "2", "3"});
   put(b, "empty.0x", "not an element");
+  put(a, "r1", "r2", indirect);  // r1 -> r2 (in b) -> r3 (in a and b)
+  put(b, "r2", "r3", indirect);
+  put(a, "r3", "from a");
+  put(b, "r3", "from b");
+  put(a, "self", "self", indirect);
+  put(a, "dangling", "nowhere", indirect);
+  put(a, "to_array", "arr2", indirect);
+  put_array(b, "arr2", {"first", "second"});
   config_manager m;
   m.init(fixed_dispatch({a, b}));
 
@@ -104,6 +114,10 @@ TEST(ConfigManager, FirstItemWinsArraysGiveTheirFirstElementAndArrayQueries) {
   EXPECT_EQ("p", text(m, "arr"));
   EXPECT_EQ("<nil>", text(m, "empty"));  // no element: nil, not the default
   EXPECT_EQ("<default>", text(m, "missing"));
+  EXPECT_EQ("from a", text(m, "r1"));
+  EXPECT_EQ("self", text(m, "self"));
+  EXPECT_EQ("<default>", text(m, "dangling"));
+  EXPECT_EQ("first", text(m, "to_array"));
   EXPECT_TRUE(m.get_value("missing") == mota::types::nil);
   EXPECT_TRUE(m.value_exist("y"));
   EXPECT_FALSE(m.value_exist("empty"));
@@ -124,27 +138,6 @@ TEST(ConfigManager, FirstItemWinsArraysGiveTheirFirstElementAndArrayQueries) {
   EXPECT_EQ("2", pairs[1].second.as_string());
   m.get_array("missing", values);
   EXPECT_TRUE(values.empty());
-}
-
-// A chain through other items and a cycle of two keys are value_origin's test, which holds
-// them against get_value.
-TEST(ConfigManager, IndirectionRestartsAtTheFirstItemAndStopsOnCycles) {
-  user_item a, b;
-  put(a, "r1", "r2", indirect);  // r1 -> r2 (in b) -> r3 (in a and b)
-  put(b, "r2", "r3", indirect);
-  put(a, "r3", "from a");
-  put(b, "r3", "from b");
-  put(a, "self", "self", indirect);
-  put(a, "dangling", "nowhere", indirect);
-  put(a, "to_array", "arr", indirect);
-  put_array(b, "arr", {"first", "second"});
-  config_manager m;
-  m.init(fixed_dispatch({a, b}));
-
-  EXPECT_EQ("from a", text(m, "r1"));
-  EXPECT_EQ("self", text(m, "self"));
-  EXPECT_EQ("<default>", text(m, "dangling"));
-  EXPECT_EQ("first", text(m, "to_array"));
 }
 
 TEST(ConfigManager, ItemsByIdDumpAndInit) {
