@@ -132,7 +132,7 @@ TEST(XmcLoader, FormatAttributesFollowTheNameAndSkippedSectionsMayHoldAnything) 
   EXPECT_EQ(1u, loader.data().size());
 }
 
-TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
+TEST(XmcLoader, CatalogFilterNeutralSectionsFirstOfEqualWeightAndCombineData) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "fr", "extra").type);
   EXPECT_FALSE(loader.is_catalog_matched("app"));
@@ -140,11 +140,9 @@ TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
   EXPECT_EQ(1u, loader.data().count("extra"));
   // the second language pass adds "." and "en" again
   EXPECT_EQ((std::vector<mota::strings::ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
-}
 
-// Within one load the first of two equal-weight variants wins. The merge rules are the catalog
-// merge's; this shows that combine_data copies into the map.
-TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
+  // Within one load the first of two equal-weight variants wins. The merge rules are the
+  // catalog merge's; this shows that combine_data copies into the map.
   xmc_file_loader::catalog_map catalogs;
   catalogs["dup"];
   xmc_file_loader first;
@@ -157,7 +155,7 @@ TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
 
 // The texts that docs/xmc-format.md shows in full (a bad root, version, element, end tag or
 // entity, an include cycle) are checked there; the rows here are the others.
-TEST(XmcLoader, EveryErrorKindFromAFile) {
+TEST(XmcLoader, EveryErrorKindFromAFileHeaderRulesAndXmlFaults) {
   const std::string dir = data_dir() + "errors/";
   const std::tuple<const char*, int, std::string> cases[] = {
       // file, kind, text before the file line
@@ -180,11 +178,9 @@ TEST(XmcLoader, EveryErrorKindFromAFile) {
     EXPECT_EQ(kind, e.type) << file;
     EXPECT_EQ(kPrefix + text + in_file(dir + file), e.message) << file;
   }
-}
 
-// The header rules, then each XML fault (kind 4) as the loader words it.
-TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
-  const std::tuple<std::string, int, std::string> cases[] = {
+  // the header rules, then each XML fault (kind 4) as the loader words it
+  const std::tuple<std::string, int, std::string> contents[] = {
       {"<?xml?><xmc/>", 5, "Invalid attibute \"\""},
       {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
       {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
@@ -200,7 +196,7 @@ TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
        "attribute \"version\" is being redefined\n at line: \"0\""},
       {"<?xml?><xmc version=\"1.0\"/>\n<b/>", 4, "Data found after root element\n at line: \"1\""},
   };
-  for (const auto& [content, kind, text] : cases) {
+  for (const auto& [content, kind, text] : contents) {
     xmc_file_loader loader;
     load_error e = loader.parse_string(content, "h.xmc");
     EXPECT_EQ(kind, e.type) << content;
