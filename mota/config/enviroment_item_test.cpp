@@ -4,7 +4,6 @@
 #include <config_test.hpp>
 
 #include <string>
-#include <vector>
 
 using mota::config::enviroment_item;
 using mota_test::render;
