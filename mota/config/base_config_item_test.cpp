@@ -2,6 +2,7 @@
 #include <mota/config/user_item.hpp>
 
 #include <gtest/gtest.h>
+#include <config_test.hpp>
 
 #include <sstream>
 #include <string>
@@ -24,7 +25,7 @@ std::string text_of(const base_config_item& item, const std::string& key) {
 
 }  // namespace
 
-TEST(ConfigItem, SetStoresFlagsAndValuesAndCloneCopies) {
+TEST(ConfigItem, SetStoresFlagsAndValuesCloneCopiesAndUnloadDropsAll) {
   user_item item;
   item.set("a.b", variant(ustring8("x")), 4u);
   item.set(std::make_pair(ustring8("n"), variant(42)), 0u);
@@ -41,31 +42,48 @@ TEST(ConfigItem, SetStoresFlagsAndValuesAndCloneCopies) {
   EXPECT_EQ("0:42", text_of(*copy, "n"));
   EXPECT_EQ(0, copy->reference_count());
   delete copy;
+
+  item.set_array("arr", varg_list(), varg_list(argument(variant(1))));
+  item.load();  // no source: the values stay
+  EXPECT_EQ("0:changed", text_of(item, "n"));
+  item.unload();
+  EXPECT_TRUE(item.get_tree().empty());
 }
 
 // The plain "KEY=VALUE" entries are the environment item's test.
 TEST(ConfigItem, SetTextSplitsAtTheFirstEqualsToken) {
-  const std::vector<std::pair<std::string, std::pair<std::string, std::string>>> cases = {
-      {"k = v w", {"k ", "0: v w"}},
-      {"LONE", {"LONE", "0:"}},
-      {"\"q=r\"=s", {"\"q=r\"", "0:s"}},  // "=" inside a string is not a separator
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"k = v w", "k =0: v w\n"},
+      {"LONE", "LONE=0:\n"},
+      {"\"q=r\"=s", "\"q=r\"=0:s\n"},  // "=" inside a string is not a separator
+      {"=v", ""},                      // empty key
   };
   for (const auto& [text, want] : cases) {
     user_item item;
     item.set(ustring8(text), 0u);
-    EXPECT_EQ(want.second, text_of(item, want.first)) << text;
+    EXPECT_EQ(want, mota_test::render(item)) << text;
   }
-  user_item item;
-  item.set(ustring8("=v"), 0u);  // empty key
-  EXPECT_TRUE(item.get_tree().empty());
 }
 
-TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparator) {
+TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparatorAndQuoteValueQuotesBlanks) {
   using P = std::pair<ustring8, ustring8>;
   EXPECT_EQ(P("a", "b:c"), base_config_item::make_key_value("a:b:c", config_token::T_COLON));
   EXPECT_EQ(P("a:=b", ""), base_config_item::make_key_value("a:=b", config_token::T_COLON));
   EXPECT_EQ(P("x", "y"), base_config_item::make_key_value("x==y", config_token::T_EQEQ));
   EXPECT_EQ(P("", ""), base_config_item::make_key_value("", config_token::T_EQ));
+
+  // quote_value quotes only text with blanks
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"plain", "plain"},
+      {"", ""},
+      {"a b", "\"a b\""},
+      {"a\tb", "\"a\tb\""},
+      {"a\r", "\"a\r\""},
+      {"\n", "\"\n\""},
+      {"say \"hi\"", "\"say \"hi\"\""},
+  };
+  for (const auto& [in, out] : cases)
+    EXPECT_EQ(out, mota::config::quote_value(in)) << in;
 }
 
 TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
@@ -130,16 +148,6 @@ TEST(ConfigItem, ArraysMadeByTheirFlagsHoldTheNodesBelowThem) {
   EXPECT_FALSE(item.get_value_pair_array("c", none));
 }
 
-TEST(ConfigItem, UnloadDropsEveryValue) {
-  user_item item;
-  item.set("k", variant(ustring8("v")), 0u);
-  item.set_array("arr", varg_list(), varg_list(argument(variant(1))));
-  item.load();  // no source: the values stay
-  EXPECT_EQ("0:v", text_of(item, "k"));
-  item.unload();
-  EXPECT_TRUE(item.get_tree().empty());
-}
-
 TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {
   user_item item;
   for (const char* key : {"a-b", "a.x", "a", "a.x.y", "b"})
@@ -156,18 +164,4 @@ TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {
       "arr[]|\t\t1\narr.0|\t\tx\nb|\t\tv\nlink?|\t\tb\n"
       "end\n",
       out.str());
-}
-
-TEST(ConfigQuoteValue, QuotesOnlyTextWithBlanks) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"plain", "plain"},
-      {"", ""},
-      {"a b", "\"a b\""},
-      {"a\tb", "\"a\tb\""},
-      {"a\r", "\"a\r\""},
-      {"\n", "\"\n\""},
-      {"say \"hi\"", "\"say \"hi\"\""},
-  };
-  for (const auto& [in, out] : cases)
-    EXPECT_EQ(out, mota::config::quote_value(in)) << in;
 }

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -25,10 +26,7 @@ std::string warnings_of(const std::string& text) {
 }
 
 TEST(ConfigFileCheck, WarnsWhereTheStoredValueIsNotTheWrittenOne) {
-  const struct {
-    const char* text;
-    const char* warnings;
-  } rows[] = {
+  const std::tuple<const char*, const char*> rows[] = {
       {"a = 1 # why\nb = 2 // why\n[s]\nc = \"x y\"\nd[] = p, q,\n  r\n", ""},  // clean
       {"url = http://x/y\n", "1 0 url=http:\n"},
       {"c = a#b\nd = # nothing\ne = xy // z\n", "1 0 c=a\n2 0 d=\n"},
@@ -42,8 +40,8 @@ TEST(ConfigFileCheck, WarnsWhereTheStoredValueIsNotTheWrittenOne) {
       {"e = \"\"\n", "1 5 e=\n"},
       {"e = \"open\nf = 1\n", "1 6 e=open\nf = 1\n\n"},
   };
-  for (const auto& row : rows)
-    EXPECT_EQ(row.warnings, warnings_of(row.text)) << row.text;
+  for (const auto& [text, warnings] : rows)
+    EXPECT_EQ(warnings, warnings_of(text)) << text;
 }
 
 // The reader's keys and lines agree with what file_item stores, on every example file.

@@ -5,6 +5,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -17,18 +18,10 @@ int next(const ustring8& line, unsigned& pos, config_token& tok) {
   return mota::config::base_config_item::get_token(line, pos, tok);
 }
 
-struct single_case {
-  std::string line;
-  int returned;
-  int type;
-  std::string text;
-  unsigned end;
-};
-
 }  // namespace
 
 TEST(ConfigLexer, FirstTokenOfEachKind) {
-  const std::vector<single_case> cases = {
+  const std::tuple<std::string, int, int, std::string, unsigned> cases[] = {
       {"abc1", T::T_VAR, T::T_VAR, "abc", 3},
       {"0123x", T::T_NUM, T::T_NUM, "0123", 4},
       {"\nx", T::T_NEWLINE, T::T_NEWLINE, "\n", 1},
@@ -68,40 +61,35 @@ TEST(ConfigLexer, FirstTokenOfEachKind) {
       {"\"ends\\", T::T_STRING, T::T_STRING, "ends\\", 6},
       {"\"two\nlines\" x", T::T_STRING, T::T_STRING, "two\nlines", 11},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.line);
+  for (const auto& [line, returned, type, text, end] : cases) {
+    SCOPED_TRACE(line);
     config_token tok;
     unsigned pos = 0;
-    EXPECT_EQ(c.returned, next(c.line, pos, tok));
-    EXPECT_EQ(c.type, static_cast<int>(tok.type));
-    EXPECT_EQ(c.text, tok.text);
+    EXPECT_EQ(returned, next(line, pos, tok));
+    EXPECT_EQ(type, static_cast<int>(tok.type));
+    EXPECT_EQ(text, tok.text);
     EXPECT_EQ(0u, tok.start);
-    EXPECT_EQ(c.end, tok.end);
-    EXPECT_EQ(c.end, pos);
+    EXPECT_EQ(end, tok.end);
+    EXPECT_EQ(end, pos);
   }
 }
 
 namespace {
 
-struct seen {
-  int kind;
-  std::string text;  // compared only for kinds that store text
-  unsigned start, end;
-};
+// kind, text (a blank keeps the text of the token before it), start and end
+using seen = std::tuple<int, std::string, unsigned, unsigned>;
 
-// Lexes the whole line and compares every token's kind, text (blanks excepted) and indexes.
+// Lexes the whole line and compares every token's kind, text, indexes and the position after it.
 void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
   SCOPED_TRACE(line);
   config_token tok;
   unsigned pos = 0;
-  for (const seen& w : want) {
-    const int kind = next(line, pos, tok);
-    EXPECT_EQ(w.kind, kind);
-    if (kind != T::T_SPACE) {
-      EXPECT_EQ(w.text, tok.text);
-    }
-    EXPECT_EQ(w.start, tok.start);
-    EXPECT_EQ(w.end, tok.end);
+  for (const auto& [kind, text, start, end] : want) {
+    EXPECT_EQ(kind, next(line, pos, tok));
+    EXPECT_EQ(text, tok.text);
+    EXPECT_EQ(start, tok.start);
+    EXPECT_EQ(end, tok.end);
+    EXPECT_EQ(end, pos);
   }
   EXPECT_EQ(T::T_END, next(line, pos, tok));
 }
@@ -110,9 +98,9 @@ void expect_tokens(const ustring8& line, const std::vector<seen>& want) {
 
 TEST(ConfigLexer, SequencesCarryPositions) {
   expect_tokens("a  = 1", {{T::T_VAR, "a", 0, 1},
-                           {T::T_SPACE, "", 1, 3},
+                           {T::T_SPACE, "a", 1, 3},
                            {T::T_EQ, "=", 3, 4},
-                           {T::T_SPACE, "", 4, 5},
+                           {T::T_SPACE, "=", 4, 5},
                            {T::T_NUM, "1", 5, 6}});
   expect_tokens("x\r\n", {{T::T_VAR, "x", 0, 1}, {T::T_NEWLINE, "\n", 1, 3}});
   expect_tokens("k=\"v w\"#c", {{T::T_VAR, "k", 0, 1},
@@ -120,6 +108,11 @@ TEST(ConfigLexer, SequencesCarryPositions) {
                                 {T::T_STRING, "v w", 2, 7},
                                 {T::T_POUND, "#", 7, 8},
                                 {T::T_VAR, "c", 8, 9}});
+  // the tab is not part of the run of blanks
+  expect_tokens("ab   \tc", {{T::T_VAR, "ab", 0, 2},
+                             {T::T_SPACE, "ab", 2, 5},
+                             {T::T_TABCHAR, "\t", 5, 6},
+                             {T::T_VAR, "c", 6, 7}});
 }
 
 TEST(ConfigLexer, EndLeavesTheTokenUntouched) {
@@ -137,17 +130,6 @@ TEST(ConfigLexer, EndLeavesTheTokenUntouched) {
     EXPECT_EQ(7u, tok.start);
     EXPECT_EQ(9u, tok.end);
   }
-}
-
-TEST(ConfigLexer, BlanksKeepThePreviousText) {
-  config_token tok;
-  unsigned pos = 0;
-  next("ab   \tc", pos, tok);
-  EXPECT_EQ(T::T_SPACE, next("ab   \tc", pos, tok));  // the tab is not part of the run
-  EXPECT_EQ("ab", tok.text);
-  EXPECT_EQ(2u, tok.start);
-  EXPECT_EQ(5u, tok.end);
-  EXPECT_EQ(5u, pos);
 }
 
 // Every kind prints its own name; the two values between the kinds (one is the comment

@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 
 using mota::config::user_item;
-using mota::strings::ustring8;
-using mota::types::variant;
 
 TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
   user_item item;
   for (const char* key : {"a", "a.b", "a.b.c", "ab", "a-"})
-    item.set(key, variant(1), 0u);
+    item.set(key, mota::types::variant(1), 0u);
   mota::config::config_tree tree = item.get_tree();
   tree.erase("a");
   EXPECT_EQ(2u, tree.size());
@@ -18,7 +16,7 @@ TEST(ConfigTree, EraseTakesTheSubtreeOnly) {
   EXPECT_NE(nullptr, tree.get_node("a-"));
   EXPECT_NE(nullptr, item.get_value("a.b.c"));  // the copy is independent
 
-  ustring8 head, rest;
+  mota::strings::ustring8 head, rest;
   EXPECT_TRUE(mota::config::config_tree::parse_string("a.b.c", head, rest));
   EXPECT_EQ("a", head);
   EXPECT_EQ("b.c", rest);

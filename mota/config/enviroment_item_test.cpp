@@ -1,27 +1,12 @@
 #include <mota/config/enviroment_item.hpp>
 
 #include <gtest/gtest.h>
+#include <config_test.hpp>
 
 #include <string>
-#include <vector>
 
-namespace {
-
-using mota::config::base_config_item;
-using mota::config::config_tree;
 using mota::config::enviroment_item;
-
-// The item's tree as "key=flags:value" lines in key order.
-std::string render(const base_config_item& item) {
-  std::string out;
-  item.get_tree().visit([&](const std::string& key, const config_tree::node_t& node,
-                            const std::vector<std::string>&) {
-    out += key + "=" + std::to_string(node.first) + ":" + node.second.as_string() + "\n";
-  });
-  return out;
-}
-
-}  // namespace
+using mota_test::render;
 
 TEST(ConfigEnvironment, SplitsEachEntryAtItsFirstEquals) {
   const char* envp[] = {"HOME=/home/u", "LS=a=b:c", "EMPTY=", "X==y", nullptr, "NOT=read"};

@@ -7,8 +7,6 @@
 
 namespace {
 
-using mota::config::config_manager;
-using mota::generic::argument;
 using mota::generic::varg_list;
 using mota::strings::ustring8;
 using mota::types::variant;
@@ -23,7 +21,7 @@ std::string describe(const mota::config::value_origin& origin) {
 // The origin agrees with get_value on the value, and names the item and the keys passed.
 TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
   const char* envp[] = {"env.only=e", "shared=env", "target=T", nullptr};
-  config_manager m;
+  mota::config::config_manager m;
   m.init(mota::config::module_config_dispatch(varg_list(), envp));
   m.load();
   const auto& user = m.get_items().front();
@@ -37,7 +35,7 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
   put("ping", "pong", indirect);
   put("pong", "ping", indirect);
   varg_list elements;
-  elements.push_back(argument(variant(ustring8("a"))));
+  elements.push_back(mota::generic::argument(variant(ustring8("a"))));
   user->set_array("arr", varg_list(), elements);
 
   const std::pair<const char*, const char*> rows[] = {

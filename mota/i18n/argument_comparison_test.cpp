@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::i18n::message_item;
@@ -34,10 +35,8 @@ TEST(ArgumentComparison, FindsEachKindOfDifference) {
   const message_item size_unit = arg("size|base_unit|B", message_item::memory_unit);
   const message_item count = arg("count", message_item::int_);
   const message_item n = arg("n", message_item::int_);
-  const struct {
-    message_t::items_type reference, translation;
-    std::vector<std::string> expected;
-  } cases[] = {
+  using items = message_t::items_type;
+  const std::tuple<items, items, std::vector<std::string>> cases[] = {
       // Same slots in another order, with other text around them and a repeated slot.
       {{message_item("Got "), size, size_unit, message_item(" in "), count},
        {count, message_item(" x "), size_unit, size, size},
@@ -60,7 +59,7 @@ TEST(ArgumentComparison, FindsEachKindOfDifference) {
       // A "value" slot is text, not an argument.
       {{message_item("v", message_item::text)}, {}, {}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(c.expected, differences(c.reference, c.translation))
-        << (c.expected.empty() ? "" : c.expected[0]);
+  for (const auto& [reference, translation, expected] : cases)
+    EXPECT_EQ(expected, differences(reference, translation))
+        << (expected.empty() ? "" : expected[0]);
 }

@@ -6,6 +6,7 @@
 
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::i18n::catalog_languages;
@@ -55,16 +56,14 @@ TEST(CatalogLanguages, EachLanguageHoldsWhatWasWrittenInIt) {
   EXPECT_EQ("", languages.reference_language("none"));
 
   // de_DE gets b from de, so only c falls back to English.
-  const struct {
-    const char* lang;
-    std::vector<ustring8> present, missing, extra;
-  } cases[] = {{"de", {"a", "b"}, {"c"}, {}},
-               {"de_DE", {"a"}, {"c"}, {}},
-               {"fr", {"a", "z"}, {"b", "c"}, {"z"}}};
-  for (const auto& c : cases) {
-    const mota::i18n::language_coverage coverage = languages.coverage("app", c.lang, "en");
-    EXPECT_EQ(c.present, coverage.present) << c.lang;
-    EXPECT_EQ(c.missing, coverage.missing) << c.lang;
-    EXPECT_EQ(c.extra, coverage.extra) << c.lang;
+  const std::tuple<const char*, std::vector<ustring8>, std::vector<ustring8>, std::vector<ustring8>>
+      cases[] = {{"de", {"a", "b"}, {"c"}, {}},
+                 {"de_DE", {"a"}, {"c"}, {}},
+                 {"fr", {"a", "z"}, {"b", "c"}, {"z"}}};
+  for (const auto& [lang, present, missing, extra] : cases) {
+    const mota::i18n::language_coverage coverage = languages.coverage("app", lang, "en");
+    EXPECT_EQ(present, coverage.present) << lang;
+    EXPECT_EQ(missing, coverage.missing) << lang;
+    EXPECT_EQ(extra, coverage.extra) << lang;
   }
 }

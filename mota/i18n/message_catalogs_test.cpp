@@ -9,6 +9,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::generic::varg_list;
@@ -45,20 +46,17 @@ std::string xmc(const std::string& body) {
 
 }  // namespace
 
-TEST(MessageCatalogsResult, MessagesByKind) {
-  const struct {
-    int kind;
-    std::string expected;
-  } cases[] = {
+TEST(MessageCatalogsResult, MessagesByKindAndLoaderHeadlines) {
+  const std::tuple<int, std::string> cases[] = {
       {0, kHead + "No Error"},
       {3, kHead + "File \"d\" was not found on disk"},
       {4, kHead + "Directory \"d\" was not found on disk"},
       {5, kHead + "Entity (file or directory) \"d\" was not found on disk"},
   };
-  for (const auto& c : cases) {
-    result_type r(static_cast<message_catalogs::error_type>(c.kind), "d");
-    EXPECT_EQ(c.kind, r.type);
-    EXPECT_EQ(c.expected, r.message);
+  for (const auto& [kind, expected] : cases) {
+    result_type r(static_cast<message_catalogs::error_type>(kind), "d");
+    EXPECT_EQ(kind, r.type);
+    EXPECT_EQ(expected, r.message);
   }
   std::ostringstream out;
   out << result_type(message_catalogs::no_catalog_loaded, "d");
@@ -69,30 +67,25 @@ TEST(MessageCatalogsResult, MessagesByKind) {
   EXPECT_EQ(0u, unknown.find("< "));
   EXPECT_NE(std::string::npos,
             unknown.find(" value of 2 >\n unknown, or unhandle case happened!  str data=d"));
-}
 
-// The headlines of the kinds a file can give are shown in docs/xmc-format.md.
-TEST(MessageCatalogsResult, HeadlinesForLoaderErrors) {
-  const std::string loader = "xmc_file_loader::load_error - ";
-  const struct {
-    int kind;
-    const char* headline;
-  } cases[] = {
+  // a loader's error under a headline; those of the kinds a file can give are shown in
+  // docs/xmc-format.md
+  const std::tuple<int, const char*> loads[] = {
       {0, "No Error\n "},
       {1, "No catalog was loaded\n "},
       {2, "Default locale lookup not supported yet\n "},
       {4, "XML parse error, XML file not well formed\n "},  // the loader words its own text
       {15, "Unhandled case\n "},
   };
-  for (const auto& c : cases) {
-    xmc_file_loader::load_error e(static_cast<xmc_file_loader::error_type>(c.kind), "x");
+  for (const auto& [kind, headline] : loads) {
+    xmc_file_loader::load_error e(static_cast<xmc_file_loader::error_type>(kind), "x");
     result_type r(e);
-    EXPECT_EQ(c.kind, r.type);
-    EXPECT_EQ(kHead + c.headline + e.message, r.message);
+    EXPECT_EQ(kind, r.type);
+    EXPECT_EQ(kHead + headline + e.message, r.message);
   }
 }
 
-TEST(MessageCatalogs, LoadFileAndLookUp) {
+TEST(MessageCatalogs, LoadFileLookUpAndCatalogsForALocale) {
   message_catalogs cats;
   EXPECT_TRUE(cats == mota::types::nil);
   ASSERT_EQ(0, cats.load(data_dir() + "catalogs/app.xmc", "de_DE").type);
@@ -118,11 +111,8 @@ TEST(MessageCatalogs, LoadFileAndLookUp) {
   EXPECT_EQ((std::vector<std::string>{"app", "extra", "more", "units"}), names);
   EXPECT_EQ(7, std::distance(cats.begin("app"), cats.end("app")));
   EXPECT_EQ(cats.begin(u16("none")), cats.end(u32("none")));
-}
 
-TEST(MessageCatalogs, HasCatalogForLocale) {
-  message_catalogs cats;
-  ASSERT_EQ(0, cats.load(data_dir() + "catalogs/app.xmc", "de-DE").type);
+  // catalogs for a locale
   EXPECT_TRUE(cats.has_catalog("app", "de-DE"));  // normalised like the loader does
   EXPECT_TRUE(cats.has_catalog(u16("app"), u16("de.DE")));
   EXPECT_TRUE(cats.has_catalog("units", "."));
@@ -155,7 +145,7 @@ TEST(MessageCatalogs, LoadResultsForMissingAndEmptyLoads) {
   EXPECT_EQ(1u, cats.size());
 }
 
-TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnly) {
+TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnlyAndEndsLinkCycles) {
   message_catalogs cats;
   result_type r = cats.load(data_dir() + "dir", "de");
   EXPECT_EQ(0, r.type) << r.message;
@@ -168,6 +158,14 @@ TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnly) {
   EXPECT_EQ(0, wide.load_directory(u16(data_dir() + "dir"), u16("en"), u16("b")).type);
   EXPECT_EQ(1u, wide.size());
   EXPECT_TRUE(wide.has_catalog("b"));
+
+  // a link back up the tree ends the walk
+  mota_test::temp_dir tmp;
+  std::filesystem::create_directory(tmp.path() / "d");
+  write(tmp / "d/x.xmc", xmc("<catalog name=\"x\" lang=\"en\"><msg name=\"m\">x</msg></catalog>"));
+  std::filesystem::create_directory_symlink(tmp.path(), tmp.path() / "d" / "loop");
+  EXPECT_EQ(0, wide.load(tmp.str(), "en").type);
+  EXPECT_TRUE(wide.has_catalog("x"));
 }
 
 TEST(MessageCatalogs, FailureStopsTheWalkAndKeepsEarlierCatalogs) {
@@ -204,16 +202,6 @@ TEST(MessageCatalogs, LaterFilesOfEqualWeightReplaceMessages) {
   // weights are those of the new load's locale: for en, the stored de variant weighs 0
   ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/later.xmc", "en", "dup").type);
   EXPECT_EQ("english", cats.message("dup", "m").as_string(none));
-}
-
-TEST(MessageCatalogs, DirectoryLinkCyclesEnd) {
-  mota_test::temp_dir tmp;
-  std::filesystem::create_directory(tmp.path() / "d");
-  write(tmp / "d/x.xmc", xmc("<catalog name=\"x\" lang=\"en\"><msg name=\"m\">x</msg></catalog>"));
-  std::filesystem::create_directory_symlink(tmp.path(), tmp.path() / "d" / "loop");
-  message_catalogs cats;
-  EXPECT_EQ(0, cats.load(tmp.str(), "en").type);
-  EXPECT_TRUE(cats.has_catalog("x"));
 }
 
 TEST(MessageCatalogs, CopiesShareCatalogsAndEraseRemoves) {

@@ -7,13 +7,11 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
-using mota::i18n::catalog_t;
-using mota::i18n::message_item;
 using mota::i18n::message_t;
 using mota::i18n::_private::xmc_file_loader;
-using mota::strings::ustring8;
 using load_error = xmc_file_loader::load_error;
 
 namespace {
@@ -32,7 +30,7 @@ std::string in_file(const std::string& file) {
 // The items of a loaded message as "type:data" strings.
 std::vector<std::string> items_of(const message_t& m) {
   std::vector<std::string> out;
-  for (const message_item& item : m)
+  for (const mota::i18n::message_item& item : m)
     out.push_back(std::to_string(item.type()) + ":" + item.data());
   return out;
 }
@@ -49,7 +47,6 @@ std::string xmc(const std::string& body) {
   return "<?xml version=\"1.0\"?>\n<xmc version=\"1.0\">" + body + "</xmc>";
 }
 
-// Parses an in-memory file for locale en.
 load_error parse_en(xmc_file_loader& loader, const std::string& body) {
   loader.handle_language("en");
   return loader.parse_string(xmc(body), "t.xmc");
@@ -72,26 +69,20 @@ TEST(XmcLoadError, TextsNoFileYieldsAndUnknownValues) {
             e.message.find(" value of 9 >\n unknown, or unhandle case happened!"));
 }
 
-TEST(XmcLoader, LanguageListAndWeights) {
-  const struct {
-    const char* locale;
-    std::vector<std::string> expected;
-  } cases[] = {
+TEST(XmcLoader, LanguageListAndEmptyLocale) {
+  const std::tuple<const char*, std::vector<std::string>> cases[] = {
       {"de-DE.UTF-8", {".", "en", "de", "de_DE", "de_DE_UTF", "de_DE_UTF_8"}},
-      {"en", {".", "en"}},
       {"", {".", "en"}},
       {".", {".", "en", "."}},
       {"de__AT_", {".", "en", "de", "de_", "de__AT"}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [locale, expected] : cases) {
     xmc_file_loader loader;
-    loader.handle_language(c.locale);
+    loader.handle_language(locale);
     std::vector<std::string> got(loader.languages().begin(), loader.languages().end());
-    EXPECT_EQ(c.expected, got) << c.locale;
+    EXPECT_EQ(expected, got) << locale;
   }
-}
-
-TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
+  // parse() refuses an empty locale before it looks for the file
   xmc_file_loader loader;
   load_error e = loader.parse("/no/such/file.xmc", "");
   EXPECT_EQ(2, e.type);
@@ -100,8 +91,9 @@ TEST(XmcLoader, EmptyLocaleIsRefusedBeforeTheFile) {
 }
 
 // Which language wins, and includes relative to their file, are rendered by the examples of
-// docs/xmc-format.md; here the stored locale and what the document only says in words.
-TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
+// docs/xmc-format.md; here the stored locale, what the document only says in words, and the
+// items a body is stored as (the last one with the blank a line break leaves).
+TEST(XmcLoader, PicksTheMostSpecificLanguageFollowsIncludesAndStoresBodies) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(data_dir() + "catalogs/", loader.base_directory());
@@ -111,14 +103,10 @@ TEST(XmcLoader, PicksTheMostSpecificLanguageAndFollowsIncludes) {
   EXPECT_EQ(".", loaded(loader, "more", "m1")._orginal_locale());  // sub/deeper/more.xmc
   EXPECT_EQ(0u, loader.data().count("nolang"));  // no lang attribute: never loaded
   EXPECT_EQ(4u, loader.data().size());
-}
 
-// How white space and <br/> shape the text is rendered by the document's "Messages" example;
-// here the items a body is stored as, the last one with the blank a line break leaves.
-TEST(XmcLoader, MessageBodies) {
-  xmc_file_loader loader;
-  ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "en").type);
-  const message_t& files = loaded(loader, "app", "files");
+  xmc_file_loader en;
+  ASSERT_EQ(0, en.parse(data_dir() + "catalogs/app.xmc", "en").type);
+  const message_t& files = loaded(en, "app", "files");
   EXPECT_EQ("count of files", files.meta());
   EXPECT_EQ((std::vector<std::string>{"0:You have ", "3:n" + kSep + "fieldsize" + kSep + "4",
                                       "0: files of ", "7:size" + kSep + "precision" + kSep + "1",
@@ -127,33 +115,34 @@ TEST(XmcLoader, MessageBodies) {
 }
 
 // The kind of each type name is xmc_outline's test (against the loader) and the document's
-// "Argument kinds" example; here the format attributes kept with an argument.
-TEST(XmcLoader, FormatAttributesFollowTheName) {
+// "Argument kinds" example; here the format attributes kept with an argument, and a section of
+// another language skipped whatever it holds.
+TEST(XmcLoader, FormatAttributesFollowTheNameAndSkippedSectionsMayHoldAnything) {
   xmc_file_loader loader;
-  ASSERT_EQ(0, parse_en(loader,
-                        "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">"
-                        "<arg precision=\"2\" name=\"lost\"/>"
-                        "<arg name=\"kept\" precision=\"2\" hex=\"\" type=\"int\"/>"
-                        "<arg/></msg></catalog>")
-                   .type);
+  load_error e = parse_en(loader,
+                          "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">"
+                          "<arg precision=\"2\" name=\"lost\"/>"
+                          "<arg name=\"kept\" precision=\"2\" hex=\"\" type=\"int\"/>"
+                          "<arg/></msg></catalog>"
+                          "<catalog name=\"d\" lang=\"de\"><junk><br>x</br></junk></catalog>");
+  ASSERT_EQ(0, e.type) << e.message;
   EXPECT_EQ((std::vector<std::string>{
                 "1:lost", "3:kept" + kSep + "precision" + kSep + "2" + kSep + "hex" + kSep, "1:"}),
             items_of(loaded(loader, "c", "m")));
+  EXPECT_EQ(1u, loader.data().size());
 }
 
-TEST(XmcLoader, CatalogFilterAndLanguageNeutralSections) {
+TEST(XmcLoader, CatalogFilterNeutralSectionsFirstOfEqualWeightAndCombineData) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(data_dir() + "catalogs/app.xmc", "fr", "extra").type);
   EXPECT_FALSE(loader.is_catalog_matched("app"));
   EXPECT_EQ(1u, loader.data().size());
   EXPECT_EQ(1u, loader.data().count("extra"));
   // the second language pass adds "." and "en" again
-  EXPECT_EQ((std::vector<ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
-}
+  EXPECT_EQ((std::vector<mota::strings::ustring8>{".", "en", "fr", ".", "en"}), loader.languages());
 
-// Within one load the first of two equal-weight variants wins. The merge rules are the catalog
-// merge's; this shows that combine_data copies into the map.
-TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
+  // Within one load the first of two equal-weight variants wins. The merge rules are the
+  // catalog merge's; this shows that combine_data copies into the map.
   xmc_file_loader::catalog_map catalogs;
   catalogs["dup"];
   xmc_file_loader first;
@@ -166,13 +155,10 @@ TEST(XmcLoader, FirstOfEqualWeightWinsAndCombineDataFillsNullEntries) {
 
 // The texts that docs/xmc-format.md shows in full (a bad root, version, element, end tag or
 // entity, an include cycle) are checked there; the rows here are the others.
-TEST(XmcLoader, EveryErrorKindFromAFile) {
+TEST(XmcLoader, EveryErrorKindFromAFileHeaderRulesAndXmlFaults) {
   const std::string dir = data_dir() + "errors/";
-  const struct {
-    const char* file;
-    int kind;
-    std::string text;  // before the file line
-  } cases[] = {
+  const std::tuple<const char*, int, std::string> cases[] = {
+      // file, kind, text before the file line
       {"e03_missing_include.xmc", 3, "File \"" + dir + "missing.xmc\" was not found on disk"},
       {"e03_empty_include.xmc", 3, "File \"\" was not found on disk"},
       {"e05_catalog_attribute.xmc", 5, "Invalid attibute \"size\""},
@@ -186,21 +172,15 @@ TEST(XmcLoader, EveryErrorKindFromAFile) {
       {"e14_no_element.xmc", 14, "Unexpected parse error happen!"},
       {"e04_unclosed.xmc", 4, "Unexpected end of file during XML parsing\n at line: \"0\""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [file, kind, text] : cases) {
     xmc_file_loader loader;
-    load_error e = loader.parse(dir + c.file, "en");
-    EXPECT_EQ(c.kind, e.type) << c.file;
-    EXPECT_EQ(kPrefix + c.text + in_file(dir + c.file), e.message) << c.file;
+    load_error e = loader.parse(dir + file, "en");
+    EXPECT_EQ(kind, e.type) << file;
+    EXPECT_EQ(kPrefix + text + in_file(dir + file), e.message) << file;
   }
-}
 
-// The header rules, then each XML fault (kind 4) as the loader words it.
-TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
-  const struct {
-    std::string content;
-    int kind;
-    std::string text;
-  } cases[] = {
+  // the header rules, then each XML fault (kind 4) as the loader words it
+  const std::tuple<std::string, int, std::string> contents[] = {
       {"<?xml?><xmc/>", 5, "Invalid attibute \"\""},
       {"<?xml?><xmc version=\"1.1\" extra=\"ok\"><!-- c --> text </xmc>", 0, "No Error"},
       {"<?xml?><!-- only --><root/>", 7, "Not XMC file, root element is not XMC but \"root\""},
@@ -216,15 +196,15 @@ TEST(XmcLoader, HeaderChecksAndParseErrorMessages) {
        "attribute \"version\" is being redefined\n at line: \"0\""},
       {"<?xml?><xmc version=\"1.0\"/>\n<b/>", 4, "Data found after root element\n at line: \"1\""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [content, kind, text] : contents) {
     xmc_file_loader loader;
-    load_error e = loader.parse_string(c.content, "h.xmc");
-    EXPECT_EQ(c.kind, e.type) << c.content;
-    EXPECT_EQ(kPrefix + c.text + (c.kind ? in_file("h.xmc") : ""), e.message) << c.content;
+    load_error e = loader.parse_string(content, "h.xmc");
+    EXPECT_EQ(kind, e.type) << content;
+    EXPECT_EQ(kPrefix + text + (kind ? in_file("h.xmc") : ""), e.message) << content;
   }
 }
 
-TEST(XmcLoader, IncludeDepthIsBounded) {
+TEST(XmcLoader, IncludeDepthIsBoundedAndAFileIsReadOnce) {
   mota_test::temp_dir tmp;
   const unsigned int files = xmc_file_loader::max_include_depth + 5;
   for (unsigned int i = 0; i < files; ++i) {
@@ -241,28 +221,16 @@ TEST(XmcLoader, IncludeDepthIsBounded) {
   // a chain within the bound loads
   xmc_file_loader shallow;
   EXPECT_EQ(0, shallow.parse(tmp / ("f" + std::to_string(files - 10) + ".xmc"), "en").type);
-}
 
-TEST(XmcLoader, ALinkToAFileReadBeforeIsStillRefused) {
-  mota_test::temp_dir tmp;
+  // a link to a file read before is still refused
   std::ofstream(tmp / "x.xmc") << xmc(
       "<catalog name=\"c\" lang=\"en\"><msg name=\"m\">x</msg></catalog>");
   std::filesystem::create_symlink(tmp / "x.xmc", tmp / "link.xmc");
   std::ofstream(tmp / "top.xmc") << xmc(
       "<include file=\"x.xmc\"/><include file=\"./x.xmc\"/><include file=\"link.xmc\"/>");
-  xmc_file_loader loader;
-  load_error e = loader.parse(tmp / "top.xmc", "en");
+  e = xmc_file_loader().parse(tmp / "top.xmc", "en");
   EXPECT_EQ(3, e.type);
   EXPECT_EQ(kPrefix + "File \"" + tmp / "link.xmc" + "\" was not found on disk" +
                 in_file(tmp / "top.xmc"),
             e.message);
-}
-
-TEST(XmcLoader, SkippedSectionsMayHoldAnything) {
-  xmc_file_loader loader;
-  load_error e = parse_en(loader,
-                          "<catalog name=\"c\" lang=\"de\"><junk><br>x</br></junk></catalog>"
-                          "<catalog name=\"d\" lang=\"en\"><msg name=\"m\">ok</msg></catalog>");
-  EXPECT_EQ(0, e.type) << e.message;
-  EXPECT_EQ(1u, loader.data().size());
 }

@@ -6,13 +6,11 @@
 
 namespace {
 
-using mota::parser::xml_parser;
 using mota::parser::xml_token_stream;
 using mota::strings::ustring8;
-using error = xml_parser::parse_error;
+using error = mota::parser::xml_parser::parse_error;
 using token = xml_token_stream::token;
 
-// One line per token: its number and its text.
 std::string dump(const xml_token_stream& stream) {
   std::string out;
   for (const token& t : stream)
@@ -25,7 +23,7 @@ std::string dump(const xml_token_stream& stream) {
 // How events become tokens (the start_tag_end rule, tokens kept before a fault) is checked
 // against the scanner by the agreement fuzz target; these pin what it cannot see: state that
 // lives on between parses.
-TEST(XmlTokenStream, SecondParseAppendsAndContinues) {
+TEST(XmlTokenStream, StateLivesOnBetweenParsesAndCopiesReportToThemselves) {
   xml_token_stream stream;
   EXPECT_EQ(error::unexpected_eof, stream.parse(ustring8("<?xml?><a><b x='1'")).type);
   EXPECT_EQ(5u, stream.size());
@@ -34,9 +32,8 @@ TEST(XmlTokenStream, SecondParseAppendsAndContinues) {
   EXPECT_EQ(error::no_error, stream.parse(second.begin(), second.end()).type);
   EXPECT_EQ(7u, stream.size());
   EXPECT_EQ("0:a\n4:\n0:b\n2:x\n3:1\n1:b\n1:a\n", dump(stream));
-}
 
-TEST(XmlTokenStream, CopyReportsToItself) {
+  // a copy reports to itself
   xml_token_stream first;
   EXPECT_EQ(error::unexpected_eof, first.parse(ustring8("<?xml?><a>")).type);
   xml_token_stream copy(first);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using mota::i18n::message_item;
@@ -57,12 +58,7 @@ TEST(LanguageList, ReplacesByWeightThenTie) {
   list.add("de_DE");  // ".", "en", "de", "de_DE"
   using tie = language_list::on_tie;
   const message_t nil;
-  struct {
-    const message_t& stored;
-    const char* candidate;
-    bool keep_stored;
-    bool take_new;
-  } const kCases[] = {
+  const std::tuple<message_t, const char*, bool, bool> kCases[] = {
       {nil, "fr", true, true},  // an empty slot takes anything, even an unwanted locale
       {in_locale("en"), "de", true, true},
       {in_locale("de"), "en", false, false},
@@ -70,9 +66,9 @@ TEST(LanguageList, ReplacesByWeightThenTie) {
       {in_locale("de"), "de-DE", true, true},
       {in_locale("fr"), "fr", false, true},  // both weigh 0
   };
-  for (const auto& c : kCases) {
-    const message_t candidate = in_locale(c.candidate);
-    EXPECT_EQ(c.keep_stored, list.replaces(c.stored, candidate, tie::keep_stored)) << c.candidate;
-    EXPECT_EQ(c.take_new, list.replaces(c.stored, candidate, tie::take_new)) << c.candidate;
+  for (const auto& [stored, locale, keep_stored, take_new] : kCases) {
+    const message_t candidate = in_locale(locale);
+    EXPECT_EQ(keep_stored, list.replaces(stored, candidate, tie::keep_stored)) << locale;
+    EXPECT_EQ(take_new, list.replaces(stored, candidate, tie::take_new)) << locale;
   }
 }

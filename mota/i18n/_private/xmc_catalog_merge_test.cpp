@@ -5,16 +5,14 @@
 #include <string>
 
 using mota::i18n::catalog_t;
-using mota::i18n::message_item;
 using mota::i18n::message_t;
-using mota::i18n::_private::language_list;
 using mota::i18n::_private::merge_catalogs;
 using mota::i18n::_private::xmc_file_loader;
 
 namespace {
 
 message_t variant(const char* name, const char* text, const char* locale) {
-  message_t m(name, {message_item(text)});
+  message_t m(name, {mota::i18n::message_item(text)});
   m._orginal_locale(locale);
   return m;
 }
@@ -37,7 +35,7 @@ std::string dump(const xmc_file_loader::catalog_map& catalogs) {
 // Moving map nodes (or a whole map into an empty catalog) must give what copying message by
 // message gives: the same winners and a language set rebuilt from the merged messages.
 TEST(XmcCatalogMerge, MovingMergeEqualsCopyingMerge) {
-  language_list languages;
+  mota::i18n::_private::language_list languages;
   languages.add("de");  // ".", "en", "de"
   xmc_file_loader::data_map loaded;
   loaded["full"]["a"] = variant("a", "en a", "en");  // vs de: kept out

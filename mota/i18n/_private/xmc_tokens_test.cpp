@@ -9,16 +9,13 @@
 #include <iterator>
 #include <string>
 
-using mota::i18n::_private::xmc_token;
-using mota::i18n::_private::xmc_token_buffer;
-using mota::parser::xml_token_stream;
 using mota::strings::ustring8;
 
 namespace {
 
 // Both token forms of one document, written as "kind:text" lines, with the scan's outcome.
 std::string from_stream(const std::string& text) {
-  xml_token_stream stream;
+  mota::parser::xml_token_stream stream;
   auto result = stream.parse(ustring8(text));
   std::string out = std::to_string(result.type) + "@" + std::to_string(result.line) + "\n";
   for (const auto& t : stream)
@@ -27,10 +24,10 @@ std::string from_stream(const std::string& text) {
 }
 
 std::string from_buffer(const std::string& text) {
-  xmc_token_buffer buffer;
+  mota::i18n::_private::xmc_token_buffer buffer;
   auto result = buffer.parse(ustring8(text));
   std::string out = std::to_string(result.type) + "@" + std::to_string(result.line) + "\n";
-  for (const xmc_token& t : buffer.tokens())
+  for (const mota::i18n::_private::xmc_token& t : buffer.tokens())
     out += std::to_string(t.kind) + ":" + std::string(buffer.text(t)) + "\n";
   return out;
 }
