@@ -75,6 +75,13 @@ constexpr std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std:
   return day + before + days_before_month[month];
 }
 
+// The date as the arithmetic yields it: 29 February comes back as 1 March of the same year.
+constexpr civil_date skipping_leap_day(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
+  const std::uint32_t leap_day =
+      static_cast<std::uint32_t>(month == 2u) & static_cast<std::uint32_t>(day == 29u);
+  return civil_date{year, month + leap_day, day - 28u * leap_day};
+}
+
 // The date of a day number: month 1 to 12, day 1 to the month's length, never 29 February.
 inline civil_date from_day_number(std::uint32_t number) {
   // Day 0 of the count is 1 March of year 0; number 0 wraps to the end of the 32-bit range,
@@ -99,15 +106,8 @@ inline civil_date from_day_number(std::uint32_t number) {
   // 1 for January and February (day of year 306 to 365), without a branch.
   const std::uint32_t next_year = (day_of_year + 206u) >> 9;
 
-  civil_date result;
-  result.year = 400u * era + 100u * century + year_of_century + next_year;
-  result.month = shifted_month - 12u * next_year;
-  // 29 February comes back as 1 March of the same year.
-  const std::uint32_t leap_day =
-      static_cast<std::uint32_t>(result.month == 2u) & static_cast<std::uint32_t>(day == 29u);
-  result.month += leap_day;
-  result.day = day - 28u * leap_day;
-  return result;
+  return skipping_leap_day(400u * era + 100u * century + year_of_century + next_year,
+                           shifted_month - 12u * next_year, day);
 }
 
 }  // namespace _private

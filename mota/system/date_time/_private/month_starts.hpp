@@ -55,15 +55,7 @@ inline civil_date date_of_day_number(std::uint32_t number) {
   const std::uint32_t entry = month_starts.entry[month_index];
   const std::uint32_t day = offset - (entry >> 12) + 1u;
 
-  civil_date result;
-  result.year = first_tabled_year + (entry >> 4 & 0xFFu);
-  result.month = entry & 0xFu;
-  // 29 February comes back as 1 March, as from the formula.
-  const std::uint32_t leap_day =
-      static_cast<std::uint32_t>(result.month == 2u) & static_cast<std::uint32_t>(day == 29u);
-  result.month += leap_day;
-  result.day = day - 28u * leap_day;
-  return result;
+  return skipping_leap_day(first_tabled_year + (entry >> 4 & 0xFFu), entry & 0xFu, day);
 }
 
 }  // namespace _private
