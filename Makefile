@@ -9,7 +9,7 @@ all: build
 
 # Line coverage of mota/ that `make coverage` must reach. Raise it when coverage rises; never
 # lower it.
-COVERAGE_LINE_FLOOR ?= 94.4
+COVERAGE_LINE_FLOOR ?= 96.0
 
 deps:
 	bash scripts/install-deps.sh build

@@ -8,7 +8,7 @@
 # git, whose file list it formats), gcovr, doxygen for the API reference, and what building and
 # checking the Debian packages needs. clang's runtime headers also let the ordinary build replay
 # the fuzz targets that read their input through FuzzedDataProvider; without them those
-# replays are left out.
+# replays are left out. coverage installs them, so that its figure is the same on every machine.
 # Safe to run again: with everything present it changes nothing.
 set -euo pipefail
 
@@ -18,7 +18,7 @@ declare -A group=(
   [fuzz]="clang libclang-rt-14-dev"
   [clang]="clang libclang-rt-14-dev"
   [format]="clang-format git"
-  [coverage]="gcovr"
+  [coverage]="gcovr libclang-rt-14-dev"
   [docs]="doxygen"
   [package]="dpkg-dev file lintian"
 )
