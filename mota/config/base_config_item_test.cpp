@@ -23,6 +23,17 @@ std::string text_of(const base_config_item& item, const std::string& key) {
   return node == nullptr ? "<none>" : std::to_string(node->first) + ":" + node->second.as_string();
 }
 
+// The elements of the array at `key` as "name=value " pairs.
+template <class Holder>
+std::string elements(const Holder& holder, const char* key) {
+  std::vector<std::pair<ustring8, variant>> pairs;
+  if (!holder.get_value_pair_array(key, pairs)) return "<no array>";
+  std::string out;
+  for (const auto& [name, value] : pairs)
+    out += std::string(name) + "=" + std::string(value.as_string()) + " ";
+  return out;
+}
+
 }  // namespace
 
 TEST(ConfigItem, SetStoresFlagsAndValuesCloneCopiesAndUnloadDropsAll) {
@@ -88,22 +99,20 @@ TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparatorAndQuoteValueQuotesBlanks) {
 
 TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
   user_item item;
-  varg_list values;
+  varg_list values, names;
   for (const char* v : {"r", "g", "b"})
     values.push_back(argument(variant(ustring8(v))));
-  varg_list names;
-  names.push_back(argument(variant(ustring8("red"))));
-  names.push_back(argument(variant(ustring8("green"))));
+  for (const char* n : {"red", "green"})
+    names.push_back(argument(variant(ustring8(n))));
   item.set_array("colours", names, values);
   EXPECT_EQ("3:3", text_of(item, "colours"));
   EXPECT_EQ("0:r", text_of(item, "colours.red"));
-  EXPECT_EQ("0:b", text_of(item, "colours.2"));  // past the names: its position
-
-  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
-  ASSERT_TRUE(item.get_array("colours", elements));
-  ASSERT_EQ(3u, elements.size());
-  EXPECT_EQ("green", elements[1].first);
-  EXPECT_EQ("g", elements[1].second.second.as_string());
+  EXPECT_EQ("red=r green=g 2=b ", elements(item, "colours"));  // past the names: its position
+  std::vector<std::pair<ustring8, base_config_item::node_t>> nodes;
+  ASSERT_TRUE(item.get_array("colours", nodes));
+  ASSERT_EQ(3u, nodes.size());
+  EXPECT_EQ("green", nodes[1].first);
+  EXPECT_FALSE(item.get_array("colours.1", nodes));  // an element is not an array
 
   // Twelve positional elements come back in numeric, not text, order.
   varg_list many;
@@ -111,41 +120,45 @@ TEST(ConfigItem, ArraysKeepOrderNamesAndReplaceOldElements) {
     many.push_back(argument(variant(i)));
   item.set_array("colours", varg_list(), many);
   EXPECT_EQ("<none>", text_of(item, "colours.red"));
-  std::vector<std::pair<ustring8, variant>> pairs;
-  ASSERT_TRUE(item.get_value_pair_array("colours", pairs));
-  ASSERT_EQ(12u, pairs.size());
-  EXPECT_EQ("10", pairs[10].first);
-  EXPECT_EQ("11", pairs[11].second.as_string());
-
-  EXPECT_FALSE(item.get_array("colours.1", elements));  // an element is not an array
+  EXPECT_EQ("0=0 1=1 2=2 3=3 4=4 5=5 6=6 7=7 8=8 9=9 10=10 11=11 ", elements(item, "colours"));
 }
 
-TEST(ConfigItem, ArraysMadeByTheirFlagsHoldTheNodesBelowThem) {
+// Nodes stored before an array or its elements.
+TEST(ConfigItem, ArraysTakeTheNodesStoredBeforeThem) {
   user_item item;
   for (const char* key : {"c.1", "c.0", "c.10", "c.2", "c.x.deep", "cd"})
     item.set(key, variant(ustring8(key)), 0u);
   item.set("c", variant(), base_config_item::array_flags);
   item.set("c.3", variant(ustring8("later")), 0u);
   item.set("c.x.deeper", variant(1), 0u);  // below an element, not an element
-
-  const auto names = [&item] {
-    std::vector<std::pair<ustring8, variant>> pairs;
-    EXPECT_TRUE(item.get_value_pair_array("c", pairs));
-    std::string out;
-    for (const auto& p : pairs)
-      out += std::string(p.first) + "=" + std::string(p.second.as_string()) + " ";
-    return out;
-  };
-  EXPECT_EQ("0=c.0 1=c.1 2=c.2 10=c.10 3=later ", names());
+  EXPECT_EQ("0=c.0 1=c.1 2=c.2 10=c.10 3=later ", elements(item, "c"));
   mota::config::config_tree tree = item.get_tree();
   tree.erase("c.1");
-  std::vector<std::pair<ustring8, base_config_item::node_t>> elements;
-  ASSERT_TRUE(tree.get_array("c", elements));
-  ASSERT_EQ(4u, elements.size());
-  EXPECT_EQ("2", elements[1].first);
+  EXPECT_EQ("0=c.0 2=c.2 10=c.10 3=later ", elements(tree, "c"));
   item.set("c", variant(ustring8("plain")), 0u);  // no longer an array
-  std::vector<std::pair<ustring8, variant>> none;
-  EXPECT_FALSE(item.get_value_pair_array("c", none));
+  EXPECT_EQ("<no array>", elements(item, "c"));
+
+  // A plain node that becomes an array takes the nodes below it.
+  item.set("b.x", variant(1), 0u);
+  item.set("b", variant(5), 0u);
+  item.set("b", variant(1u), base_config_item::array_flags);
+  EXPECT_EQ("x=1 ", elements(item, "b"));
+
+  // Replacing an array erases its old elements, which moves the array's own entry when it was
+  // the last one stored (here it adopted elements stored before it).
+  item.set("a.0", variant(1), 0u);
+  item.set("a.1", variant(2), 0u);
+  item.set("a", variant(2u), base_config_item::array_flags);
+  item.set_array("a", varg_list(), varg_list(argument(variant(7))));
+  EXPECT_EQ("0=7 ", elements(item, "a"));
+  EXPECT_EQ("3:1", text_of(item, "a"));
+  EXPECT_EQ("<none>", text_of(item, "a.1"));
+
+  // A new array's element overwrites the node stored under the element's key.
+  item.set("d.0", variant(9), base_config_item::array_flags);
+  item.set_array("d", varg_list(), varg_list(argument(variant(7))));
+  EXPECT_EQ("0:7", text_of(item, "d.0"));
+  EXPECT_EQ("<no array>", elements(item, "d.0"));
 }
 
 TEST(ConfigItem, DumpWalksTheTreeNodeByNode) {

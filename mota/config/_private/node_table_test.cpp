@@ -1,5 +1,4 @@
 #include <mota/config/_private/node_table.hpp>
-#include <mota/config/config_tree.hpp>
 
 #include <gtest/gtest.h>
 
@@ -97,43 +96,4 @@ TEST(NodeTable, CopiesOwnTheirElementNames) {
   copy.at(array).drop_names();
   EXPECT_TRUE(copy.at(array).names().empty());
   EXPECT_EQ(1u, table.at(array).names().size());
-}
-
-// Replacing an array erases its old elements, which moves the array's own entry when it was
-// the last one stored (here it adopted elements stored before it).
-TEST(NodeTable, ArrayReplacedAfterErasingItsElementsMovedIt) {
-  mota::config::config_tree tree;
-  tree.set_node("a.0", variant(1), 0u);
-  tree.set_node("a.1", variant(2), 0u);
-  tree.set_node("a", variant(2u), mota::config::config_tree::array_flags);
-  tree.set_array("a", {{"", variant(7)}});
-  std::vector<std::pair<mota::strings::ustring8, variant>> elements;
-  ASSERT_TRUE(tree.get_value_pair_array("a", elements));
-  ASSERT_EQ(1u, elements.size());
-  EXPECT_EQ("0", elements[0].first);
-  EXPECT_EQ(7, elements[0].second.as_int());
-  EXPECT_EQ(2u, tree.size());
-  EXPECT_EQ(1, tree.get_node("a")->second.as_int());
-}
-
-// Nodes stored before: a plain node that becomes an array takes the nodes below it, and a new
-// array's element overwrites the node stored under the element's key.
-TEST(NodeTable, StoredNodesBecomeArraysAndElements) {
-  mota::config::config_tree tree;
-  tree.set_node("b.x", variant(1), 0u);
-  tree.set_node("b", variant(5), 0u);
-  tree.set_node("b", variant(1u), mota::config::config_tree::array_flags);
-  std::vector<std::pair<mota::strings::ustring8, variant>> elements;
-  ASSERT_TRUE(tree.get_value_pair_array("b", elements));
-  ASSERT_EQ(1u, elements.size());
-  EXPECT_EQ("x", elements[0].first);
-
-  tree.set_node("c.0", variant(9), mota::config::config_tree::array_flags);
-  tree.set_array("c", {{"", variant(7)}});
-  const mota::config::config_tree::node_t* element = tree.get_node("c.0");
-  ASSERT_NE(nullptr, element);
-  EXPECT_EQ(0u, element->first);
-  EXPECT_EQ(7, element->second.as_int());
-  elements.clear();
-  EXPECT_FALSE(tree.get_value_pair_array("c.0", elements));
 }
