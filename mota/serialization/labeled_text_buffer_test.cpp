@@ -1,6 +1,7 @@
 // Trees built by every operation (labels with blanks, groups, overlays, assignments, clones,
-// copies, reads back) are checked against a plain model by the labeled buffer fuzz target, and
-// chains far deeper than any stack by the hostile run; these pin the written text itself.
+// copies, reads back) and the text they write are checked against a plain model by the labeled
+// buffer fuzz target, and chains far deeper than any stack by the hostile run; these read raw
+// text, which that model does not follow.
 #include <mota/serialization/labeled_text_buffer.hpp>
 #include <mota/types/variant.hpp>
 
@@ -13,27 +14,13 @@
 namespace {
 
 using mota::serialization::labeled_text_buffer;
-using mota::types::variant;
 
 // One string item of the text encoding: length, 0x01, bytes, 0x01.
 std::string item(const std::string& bytes) {
   return std::to_string(bytes.size()) + "\x01" + bytes + "\x01";
 }
 
-TEST(LabeledTextBuffer, WritesFlatPairsInLabelOrderAndParsesRawTextUpToAFault) {
-  labeled_text_buffer tree;
-  tree.create_group("g").add_value("x", variant("ok"));
-  tree.add_value("a", variant(1));
-  const std::string nested = item("x") + item("ok");
-  EXPECT_EQ(item("a") + item("1") + item("g ") + item(nested), tree.as_str());
-
-  // A value beside a non-empty group comes first under the bare label; a nil value with no
-  // group is written as empty text.
-  tree.add_value("g", variant(2.5));
-  tree.create_group("n");
-  EXPECT_EQ(item("a") + item("1") + item("g") + item("2.5") + item("g ") + item(nested) +
-                item("n") + item(""),
-            tree.as_str());
+TEST(LabeledTextBuffer, ParsesRawTextUpToAFault) {
   // A label ending in a space always announces a group; a text ending after a label gives an
   // empty string value.
   labeled_text_buffer parsed(item("k ") + item(item("x") + item("1")) + item("tail"));
