@@ -46,7 +46,6 @@ TEST(ConfigItem, SetStoresFlagsAndValuesCloneCopiesAndUnloadDropsAll) {
   EXPECT_EQ("<none>", text_of(item, "a"));
   item.set("", variant(1), 0u);
   EXPECT_EQ("<none>", text_of(item, ""));
-  EXPECT_EQ("user item", item.get_id());
 
   base_config_item* copy = item.clone();  // a deep copy, not yet owned by a pointer
   item.set("n", variant(ustring8("changed")), 0u);

@@ -21,7 +21,8 @@ std::pair<std::string, std::string> load(const std::vector<const char*>& argv) {
 
 }  // namespace
 
-// A value in the next argument, and an option after a switch, are run by docs/config-format.md.
+// docs/config-format.md runs the plain forms ("=", ":", "/", a value in the next argument, a
+// switch, an empty value, arrays) and the fuzz target every "=", ":" and ":=" with any value.
 TEST(ConfigCommandLine, ProgramNameAndValueInTheNextArgument) {
   const std::vector<std::pair<std::vector<const char*>, std::string>> cases = {
       {{"/usr/bin/my.tool.bin"},
@@ -39,31 +40,20 @@ TEST(ConfigCommandLine, ProgramNameAndValueInTheNextArgument) {
     EXPECT_EQ(want, load(argv).first) << argv.back();
 }
 
-TEST(ConfigCommandLine, KeysValuesArraysFlagsAndUnknownArguments) {
+// Unknown arguments warn and are skipped.
+TEST(ConfigCommandLine, OperatorsFlagsAndUnknownArguments) {
   const auto [tree, printed] =
-      load({"", "-a=1", "/b:2", "-c:=3", "-d", "-e", "val", "-f=x,y,,z", "-g+=5", "-h>=6",
-            "-i=", "-j", "-k=a b", "-l", "-m=n=o", "-p.q=r", "-", "-s*=t"});
-  EXPECT_EQ("", printed);
-  EXPECT_EQ(
-      "a=0:1\nb=0:2\nc=0:3\nd=0:1\ne=0:val\n"
-      "f=3:3\nf.0=0:x\nf.1=0:y\nf.2=0:z\n"
-      "g=0:5\nh=0:6\ni=0:\nj=0:1\nk=0:a b\nl=0:1\nm=0:n=o\np.q=0:r\ns=0:t\n",
-      tree);
-
-  // unknown arguments warn and are skipped
-  const auto [rest, warnings] = load({"", "x=1", "-k=v", "plain", ""});
-  EXPECT_EQ("k=0:v\n", rest);
+      load({"", "-d", "-e", "val", "-g+=5", "-h>=6", "x=1", "-j", "-", "-s*=t", ""});
+  EXPECT_EQ("d=0:1\ne=0:val\ng=0:5\nh=0:6\nj=0:1\ns=0:t\n", tree);
   EXPECT_EQ(
       "Warning! unknown key:x=1\nIgnoring key and continuing\n"
-      "Warning! unknown key:plain\nIgnoring key and continuing\n"
       "Warning! unknown key:\nIgnoring key and continuing\n",
-      warnings);
+      printed);
 }
 
 TEST(ConfigCommandLine, ReloadAndNullEntries) {
   std::vector<const char*> argv = {"prog", nullptr, "-a=1"};
   commandline_item item(3, argv.data());
-  EXPECT_EQ("command line", item.get_id());
   item.load();
   item.set("extra", mota::types::variant(1), 0u);
   item.load();  // a load starts from scratch

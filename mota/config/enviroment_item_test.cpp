@@ -11,7 +11,6 @@ using mota_test::render;
 TEST(ConfigEnvironment, SplitsEachEntryAtItsFirstEquals) {
   const char* envp[] = {"HOME=/home/u", "LS=a=b:c", "EMPTY=", "X==y", nullptr, "NOT=read"};
   enviroment_item env(envp);
-  EXPECT_EQ("enviroment", env.get_id());
   env.load();
   // "==" is one token, so "X==y" has no "=" token to split at.
   EXPECT_EQ("EMPTY=0:\nHOME=0:/home/u\nLS=0:a=b:c\nX==y=0:\n", render(env));

@@ -18,9 +18,10 @@ std::string describe(const mota::config::value_origin& origin) {
   return text + " =" + (origin.value == mota::types::nil ? "nil" : origin.value.as_string());
 }
 
-// The origin agrees with get_value on the value, and names the item and the keys passed.
+// The origin agrees with get_value on the value, and names the item and the keys passed. Each
+// step of a chain looks from the first item again.
 TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
-  const char* envp[] = {"env.only=e", "shared=env", "target=T", nullptr};
+  const char* envp[] = {"env.only=e", "shared=env", "r3=env", nullptr};
   mota::config::config_manager m;
   m.init(mota::config::module_config_dispatch(varg_list(), envp));
   m.load();
@@ -30,10 +31,12 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
     user->set(ustring8(key), variant(ustring8(value)), flags);
   };
   put("shared", "user", 0);
-  put("ref", "r2", indirect);
-  put("r2", "target", indirect);
+  put("ref", "r2", indirect);  // r2 is the environment's, r3 in both items
+  m.get_items().back()->set("r2", variant(ustring8("r3")), indirect);
+  put("r3", "user", 0);
   put("ping", "pong", indirect);
   put("pong", "ping", indirect);
+  put("dangling", "nowhere", indirect);
   varg_list elements;
   elements.push_back(mota::generic::argument(variant(ustring8("a"))));
   user->set_array("arr", varg_list(), elements);
@@ -41,7 +44,8 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
   const std::pair<const char*, const char*> rows[] = {
       {"env.only", "enviroment env.only =e"},
       {"shared", "user item shared =user"},
-      {"ref", "enviroment ref r2 target =T"},
+      {"ref", "user item ref r2 r3 =user"},
+      {"dangling", "none dangling nowhere =nil"},
       {"ping", "user item ping pong =ping"},  // pong points back: the chain stops there
       {"arr", "user item arr =a"},
       {"none", "none none =nil"},
