@@ -2,10 +2,10 @@
 #include <mota/config/user_item.hpp>
 
 #include <gtest/gtest.h>
-#include <config_test.hpp>
 
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -60,37 +60,25 @@ TEST(ConfigItem, SetStoresFlagsAndValuesCloneCopiesAndUnloadDropsAll) {
   EXPECT_TRUE(item.get_tree().empty());
 }
 
-// The plain "KEY=VALUE" entries are the environment item's test.
-TEST(ConfigItem, SetTextSplitsAtTheFirstEqualsToken) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"k = v w", "k =0: v w\n"},
-      {"LONE", "LONE=0:\n"},
-      {"\"q=r\"=s", "\"q=r\"=0:s\n"},  // "=" inside a string is not a separator
-      {"=v", ""},                      // empty key
+// set(text) splits with make_key_value at "=", as the environment item and its fuzz target do.
+TEST(ConfigItem, MakeKeyValueSplitsAtTheFirstSeparatorTokenAndQuoteValueQuotesBlanks) {
+  const std::tuple<const char*, config_token::tok_types, const char*, const char*> splits[] = {
+      {"a:b:c", config_token::T_COLON, "a", "b:c"},
+      {"a:=b", config_token::T_COLON, "a:=b", ""},
+      {"x==y", config_token::T_EQEQ, "x", "y"},
+      {"", config_token::T_EQ, "", ""},
+      {"k = v w", config_token::T_EQ, "k ", " v w"},
+      {"\"q=r\"=s", config_token::T_EQ, "\"q=r\"", "s"},  // "=" inside a string is no separator
   };
-  for (const auto& [text, want] : cases) {
-    user_item item;
-    item.set(ustring8(text), 0u);
-    EXPECT_EQ(want, mota_test::render(item)) << text;
-  }
-}
-
-TEST(ConfigItem, MakeKeyValueUsesTheGivenSeparatorAndQuoteValueQuotesBlanks) {
-  using P = std::pair<ustring8, ustring8>;
-  EXPECT_EQ(P("a", "b:c"), base_config_item::make_key_value("a:b:c", config_token::T_COLON));
-  EXPECT_EQ(P("a:=b", ""), base_config_item::make_key_value("a:=b", config_token::T_COLON));
-  EXPECT_EQ(P("x", "y"), base_config_item::make_key_value("x==y", config_token::T_EQEQ));
-  EXPECT_EQ(P("", ""), base_config_item::make_key_value("", config_token::T_EQ));
+  for (const auto& [text, separator, key, value] : splits)
+    EXPECT_EQ(std::make_pair(ustring8(key), ustring8(value)),
+              base_config_item::make_key_value(text, separator))
+        << text;
 
   // quote_value quotes only text with blanks
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"plain", "plain"},
-      {"", ""},
-      {"a b", "\"a b\""},
-      {"a\tb", "\"a\tb\""},
-      {"a\r", "\"a\r\""},
-      {"\n", "\"\n\""},
-      {"say \"hi\"", "\"say \"hi\"\""},
+      {"plain", "plain"}, {"a b", "\"a b\""}, {"a\tb", "\"a\tb\""},
+      {"a\r", "\"a\r\""}, {"\n", "\"\n\""},   {"say \"hi\"", "\"say \"hi\"\""},
   };
   for (const auto& [in, out] : cases)
     EXPECT_EQ(out, mota::config::quote_value(in)) << in;

@@ -52,15 +52,14 @@ TEST(ConfigFileCheck, EveryStoredKeyHasTheLineThatSetIt) {
     text << file.rdbuf();
     const check_t check{ustring8(text.str())};
     std::size_t stored_keys = 0;
-    check.stored().visit([&](const std::string& key, const mota::config::config_tree::node_t&,
+    check.stored().visit([&](const std::string& key, const mota::config::config_tree::node_t& node,
                              const std::vector<std::string>&) {
-      // Array elements are stored under "<array>.<n>"; the array's own line covers them.
+      // Array elements are stored under "<array>.<n>"; the array's own line covers them. An
+      // inner node of a dotted key has neither a line nor a value.
       const std::string::size_type dot = key.rfind('.');
       const bool element = dot != std::string::npos && check.line_of(key.substr(0, dot)) != 0 &&
                            key.find_first_not_of("0123456789", dot + 1) == std::string::npos;
-      if (element || check.stored().get_node(key) == nullptr) return;
-      if (check.line_of(key) == 0 && check.stored().get_node(key)->second.as_string().empty())
-        return;  // an inner node of a dotted key
+      if (element || (check.line_of(key) == 0 && node.second.as_string().empty())) return;
       ++stored_keys;
       EXPECT_NE(0u, check.line_of(key)) << name << ": " << key;
     });

@@ -50,13 +50,13 @@ TEST(ConfigFileSyntax, ScalarsSectionsCommentsAndArrays) {
 }
 
 TEST(ConfigFileSyntax, ParseCommentStopsBeforeTheLineEnd) {
-  mota::config::config_token tok;
+  using T = mota::config::config_token;
+  T tok;
   unsigned pos = 1;
-  EXPECT_EQ(mota::config::config_token::T_NEWLINE,
-            file_item::parse_comment("# a b\r\nx", pos, tok));
+  EXPECT_EQ(T::T_NEWLINE, file_item::parse_comment("# a b\r\nx", pos, tok));
   EXPECT_EQ(5u, pos);
   pos = 0;
-  EXPECT_EQ(mota::config::config_token::T_END, file_item::parse_comment("// x", pos, tok));
+  EXPECT_EQ(T::T_END, file_item::parse_comment("// x", pos, tok));
   EXPECT_EQ(4u, pos);
 }
 

@@ -43,8 +43,8 @@ void skip_to(const serialize_binary_buf& buf, std::size_t start) {
     buf.read_uint8();
 }
 
-template <class T, class Read>
-void check_reads_of(Read read) {
+template <class T>
+void check_reads_of(T (serialize_binary_buf::*read)() const) {
   for (std::size_t size = 0; size <= 20; ++size) {
     const std::string content = counting_bytes(size);
     for (std::size_t start = 0; start <= size; ++start) {
@@ -52,7 +52,7 @@ void check_reads_of(Read read) {
       skip_to(buf, start);
       std::size_t next = 0;
       const T expected = model_read<T>(content, start, next);
-      const T got = read(buf);
+      const T got = (buf.*read)();
       SCOPED_TRACE("size " + std::to_string(size) + ", start " + std::to_string(start));
       EXPECT_EQ(0, std::memcmp(&expected, &got, sizeof got));
       EXPECT_EQ(next >= size, buf.at_end());
@@ -62,15 +62,15 @@ void check_reads_of(Read read) {
   }
 }
 
+template <class... T>
+void check_reads(T (serialize_binary_buf::*... reads)() const) {
+  (check_reads_of(reads), ...);
+}
+
 TEST(SerializeBinaryBufReads, FixedSizeReadsMatchTheModelAtEveryPosition) {
-  check_reads_of<short>([](const serialize_binary_buf& b) { return b.read_int16(); });
-  check_reads_of<unsigned short>([](const serialize_binary_buf& b) { return b.read_uint16(); });
-  check_reads_of<int>([](const serialize_binary_buf& b) { return b.read_int32(); });
-  check_reads_of<unsigned int>([](const serialize_binary_buf& b) { return b.read_uint32(); });
-  check_reads_of<long long>([](const serialize_binary_buf& b) { return b.read_int64(); });
-  check_reads_of<unsigned long long>([](const serialize_binary_buf& b) { return b.read_uint64(); });
-  check_reads_of<float>([](const serialize_binary_buf& b) { return b.read_float(); });
-  check_reads_of<double>([](const serialize_binary_buf& b) { return b.read_double(); });
+  using B = serialize_binary_buf;
+  check_reads(&B::read_int16, &B::read_uint16, &B::read_int32, &B::read_uint32, &B::read_int64,
+              &B::read_uint64, &B::read_float, &B::read_double);
 }
 
 TEST(SerializeBinaryBufReads, StringsMatchTheModelWhereverTheirLengthAndBytesEnd) {

@@ -61,6 +61,8 @@ TEST(SerializeBuffer, RoundTripsEveryWidthBitForBit) {
 }
 
 TEST(SerializeBuffer, AssignKeepsThePositionClonesAndNestedBuffersTakeTheEncoding) {
+  serialize_text_buf text;
+  text.append_int32(5);
   for (const auto& prototype : encodings) {
     std::unique_ptr<serialize_buffer> buf(prototype->create());
     for (int v : {1, 2, 3})
@@ -85,11 +87,8 @@ TEST(SerializeBuffer, AssignKeepsThePositionClonesAndNestedBuffersTakeTheEncodin
     EXPECT_EQ("", buf->as_str());
 
     EXPECT_TRUE(rc_pointer<serialize_buffer>(buf->create())->delete_on_zero());
-  }
-  serialize_text_buf text;
-  text.append_int32(5);
-  for (const auto& prototype : encodings) {
-    std::unique_ptr<serialize_buffer> buf(prototype->create());
+
+    buf.reset(prototype->create());
     buf->append_buffer(text);
     buf->append_buffer(*buf);  // itself as it stood before this append
     buf->append_int8(1);
