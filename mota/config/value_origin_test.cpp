@@ -26,20 +26,13 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
   m.init(mota::config::module_config_dispatch(varg_list(), envp));
   m.load();
   const auto& user = m.get_items().front();
-  const unsigned indirect = mota::config::base_config_item::indirect_flag;
-  const auto put = [&](const char* key, const char* value, unsigned flags) {
-    user->set(ustring8(key), variant(ustring8(value)), flags);
-  };
-  put("shared", "user", 0);
-  put("ref", "r2", indirect);  // r2 is the environment's, r3 in both items
-  m.get_items().back()->set("r2", variant(ustring8("r3")), indirect);
-  put("r3", "user", 0);
-  put("ping", "pong", indirect);
-  put("pong", "ping", indirect);
-  put("dangling", "nowhere", indirect);
-  varg_list elements;
-  elements.push_back(mota::generic::argument(variant(ustring8("a"))));
-  user->set_array("arr", varg_list(), elements);
+  for (const char* entry : {"shared=user", "r3=user"})
+    user->set(ustring8(entry), 0u);
+  // "ref" leads through the environment's "r2" to "r3", which both items hold.
+  for (const char* entry : {"ref=r2", "ping=pong", "pong=ping", "dangling=nowhere"})
+    user->set(ustring8(entry), mota::config::base_config_item::indirect_flag);
+  m.get_items().back()->set(ustring8("r2=r3"), mota::config::base_config_item::indirect_flag);
+  user->set_array("arr", varg_list(), varg_list(mota::generic::argument(variant(ustring8("a")))));
 
   const std::pair<const char*, const char*> rows[] = {
       {"env.only", "enviroment env.only =e"},
