@@ -122,7 +122,6 @@ TEST(ConfigLexer, PrintableNames) {
   EXPECT_EQ(4, names["unknown type"]);
   EXPECT_EQ(31u, names.size());
   EXPECT_EQ(1, names["T_VAR :[key]"]);
-  EXPECT_EQ(1, names["T_DIVEQ"]);
 }
 
 TEST(ConfigCharacterClasses, ExactSets) {
