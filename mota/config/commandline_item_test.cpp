@@ -28,7 +28,6 @@ TEST(ConfigCommandLine, ProgramNameAndValueInTheNextArgument) {
       {{"/usr/bin/my.tool.bin"},
        "application.name=0:my.tool.bin\napplication.name.extention=0:bin\n"
        "application.name.raw=0:mytool\n"},
-      {{"./prog"}, "application.name=0:prog\napplication.name.raw=0:prog\n"},
       {{".profile"},
        "application.name=0:.profile\napplication.name.extention=0:profile\n"
        "application.name.raw=0:.profile\n"},

@@ -40,7 +40,6 @@ TEST(ConfigFileSyntax, ScalarsSectionsCommentsAndArrays) {
       {"\"a key\" = v", "a key=0:v\n"},
       {"k\xC3\xA9y = \xC3\xA9", "k\xC3\xA9y=0:\xC3\xA9\n"},
       {"list[] = 1\n 2\nz = 5", "2z=0:5\nlist=3:1\nlist.0=0:1\n"},
-      {"l[] =\n\n a\n", "l=3:1\nl.0=0:a\n"},  // nothing read yet: the array goes on
       {"l[] = \"\"\nx = 1", "l=3:0\nx=0:1\n"},
       {"[s]\nl[] = a,b // c", "s.l=3:2\ns.l.0=0:a\ns.l.1=0:b\n"},
       {"l[] = a,", "l=3:1\nl.0=0:a\n"},
