@@ -20,10 +20,6 @@ std::string parse(const std::string& text) {
   return render(item);
 }
 
-void write(const std::string& path, const std::string& text) {
-  std::ofstream(path) << text;
-}
-
 }  // namespace
 
 // docs/config-format.md runs the plain forms (quoting, sections, comments, arrays, keys that
@@ -62,11 +58,11 @@ TEST(ConfigFileSyntax, ParseCommentStopsBeforeTheLineEnd) {
 TEST(ConfigFileItem, LoadsReplacesAndFailsQuietly) {
   mota_test::temp_dir dir;
   const std::string path = dir / "app.cfg";
-  write(path, "a = 1\nb = 2\n");
+  std::ofstream(path) << "a = 1\nb = 2\n";
   file_item item(path);
   EXPECT_TRUE(item.load_file());
   EXPECT_EQ("a=0:1\nb=0:2\n", render(item));
-  write(path, "c = 3\n");
+  std::ofstream(path) << "c = 3\n";
   item.load();
   EXPECT_EQ("c=0:3\n", render(item));
   const std::unique_ptr<file_item> copy(item.clone());
