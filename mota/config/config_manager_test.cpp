@@ -66,7 +66,6 @@ TEST(ConfigManager, ForwardsToAClonedDispatch) {
   m.load();  // no dispatch yet: nothing happens
   m.unload();
   m.save();
-  EXPECT_EQ("", log);
   m.init(fixed_dispatch({user_item()}, &log));
   m.load();
   m.unload();
@@ -112,7 +111,6 @@ TEST(ConfigManager, ItemsByIdDumpAndInit) {
   user_item a;
   a.set(ustring8("k=v"), 0u);
   config_manager m;
-  EXPECT_FALSE(m.get_config_item("user item"));
   m.init(fixed_dispatch({a, user_item()}));
 
   config_manager::item_pointer item = m.get_config_item("user item");

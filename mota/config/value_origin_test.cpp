@@ -21,14 +21,13 @@ std::string describe(const mota::config::value_origin& origin) {
 // The origin agrees with get_value on the value, and names the item and the keys passed. Each
 // step of a chain looks from the first item again.
 TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
-  const char* envp[] = {"env.only=e", "shared=env", "r3=env", nullptr};
+  const char* envp[] = {"env.only=e", "r3=env", nullptr};
   mota::config::config_manager m;
   m.init(mota::config::module_config_dispatch(varg_list(), envp));
   m.load();
   const auto& user = m.get_items().front();
-  for (const char* entry : {"shared=user", "r3=user"})
-    user->set(ustring8(entry), 0u);
-  // "ref" leads through the environment's "r2" to "r3", which both items hold.
+  user->set(ustring8("r3=user"), 0u);
+  // "ref" leads through the environment's "r2" to "r3", which both items hold: the first wins.
   for (const char* entry : {"ref=r2", "ping=pong", "pong=ping", "dangling=nowhere"})
     user->set(ustring8(entry), mota::config::base_config_item::indirect_flag);
   m.get_items().back()->set(ustring8("r2=r3"), mota::config::base_config_item::indirect_flag);
@@ -36,7 +35,6 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
 
   const std::pair<const char*, const char*> rows[] = {
       {"env.only", "enviroment env.only =e"},
-      {"shared", "user item shared =user"},
       {"ref", "user item ref r2 r3 =user"},
       {"dangling", "none dangling nowhere =nil"},
       {"ping", "user item ping pong =ping"},  // pong points back: the chain stops there
@@ -49,7 +47,7 @@ TEST(ValueOrigin, NamesTheAnsweringItemAndTheIndirectionChain) {
     EXPECT_EQ(m.get_value(row.first).as_string(), origin.value.as_string()) << row.first;
   }
   EXPECT_EQ("user item arr =1", describe(mota::config::find_array_origin(m, "arr")));
-  EXPECT_EQ("none shared =nil", describe(mota::config::find_array_origin(m, "shared")));
+  EXPECT_EQ("none r3 =nil", describe(mota::config::find_array_origin(m, "r3")));
 }
 
 }  // namespace
