@@ -55,24 +55,18 @@ outcome plain_parse(const C* text, unsigned int size, unsigned int radix, bool t
     ++i;
   if (i == look) return value_of<T>(0);
   const long sign = code_of(text[i]);
-  if (sign == '+' || sign == '-') {
-    if (++i >= size) return value_of<T>(0);
-  }
+  if ((sign == '+' || sign == '-') && ++i >= size) return value_of<T>(0);
   if (radix == 0) {
     const long c = code_of(text[i]);
     if (c != '0' && c != '\\') {
       radix = 10;
+    } else if (i + 1 >= size) {
+      return value_of<T>(0);
     } else {
-      if (i + 1 >= size) return value_of<T>(0);
       const long next = code_of(text[i + 1]);
-      if (next == 'x' || next == 'X' || next == 'b' || next == 'B') {
-        radix = (next == 'x' || next == 'X') ? 16 : 2;
-        i += 2;
-        if (i >= size) return value_of<T>(0);
-      } else {
-        radix = 8;
-        i += 1;
-      }
+      radix = next == 'x' || next == 'X' ? 16 : next == 'b' || next == 'B' ? 2 : 8;
+      i += radix == 8 ? 1 : 2;
+      if (i >= size) return value_of<T>(0);
     }
   }
   if (radix == 1 || radix >= 37) return {outcome::bad_radix, 0};
