@@ -98,17 +98,10 @@ TEST(Variant, FloatingBeyondTheRangeConvertsLikeTheProcessor) {
       };
   for (const auto& [v, i, s, i8, u8, u16, u32, i64, u64] : rows) {
     SCOPED_TRACE(::testing::Message() << v.type().name() << " " << v.as_long_double());
-    EXPECT_EQ(i, v.as_int());
-    EXPECT_EQ(i, v.as_int32());
-    EXPECT_EQ(i, v.as_long());
-    EXPECT_EQ(s, v.as_short());
-    EXPECT_EQ(s, v.as_int16());
-    EXPECT_EQ(i8, v.as_int8());
-    EXPECT_EQ(u8, v.as_uint8());
-    EXPECT_EQ(u16, v.as_uint16());
-    EXPECT_EQ(u32, v.as_uint32());
-    EXPECT_EQ(i64, v.as_int64());
-    EXPECT_EQ(u64, v.as_uint64());
+    EXPECT_EQ(std::make_tuple(i, i, i, s, s, i8, u8, u16, u32, i64, u64),
+              std::make_tuple(v.as_int(), v.as_int32(), v.as_long(), v.as_short(), v.as_int16(),
+                              v.as_int8(), v.as_uint8(), v.as_uint16(), v.as_uint32(), v.as_int64(),
+                              v.as_uint64()));
   }
 }
 
