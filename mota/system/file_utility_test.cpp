@@ -271,9 +271,8 @@ TEST(GetDirectoryFiles, FilesFirstThenSubdirectoriesDepthFirstOnlyReadableOnes) 
   EXPECT_TRUE(at(d + "/sub2/f.txt") == 2 || at(d + "/sub2/f.txt") == 4);
   // A trailing "/" stays in the names; a missing directory or a file adds nothing.
   std::vector<ustring8> sub2;
-  sys::get_directory_files(d + "/sub2/", sub2);
-  sys::get_directory_files(dir / "missing", sub2);
-  sys::get_directory_files(d + "/a.txt", sub2);
+  for (const std::string& path : {d + "/sub2/", dir / "missing", d + "/a.txt"})
+    sys::get_directory_files(path, sub2);
   EXPECT_EQ(std::vector<ustring8>{d + "/sub2//f.txt"}, sub2);
 
   // list_directory gives every entry, unfiltered and flat.
