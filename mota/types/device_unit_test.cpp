@@ -7,7 +7,7 @@
 
 using namespace mota::types;
 
-TEST(DeviceUnit, ConstructorsTruncateAndNarrow) {
+TEST(DeviceUnit, ConstructsByTruncatingComparesAndAssigns) {
   EXPECT_EQ(12, device_unit(12.7).as_int32());
   EXPECT_EQ(-12, device_unit(-12.7).as_int32());
   EXPECT_EQ(-5, device_unit(static_cast<signed char>(-5)).as_int32());
@@ -16,9 +16,6 @@ TEST(DeviceUnit, ConstructorsTruncateAndNarrow) {
   EXPECT_EQ(-1, device_unit(0xFFFFFFFFULL).as_int32());
   EXPECT_EQ(0, device_unit().as_int32());
   EXPECT_EQ(std::numeric_limits<std::int32_t>::max(), device_unit(1e20).as_int32());
-}
-
-TEST(DeviceUnit, ReadsCompareAndAssign) {
   device_unit u(7);
   EXPECT_EQ(1, u.type());
   EXPECT_FLOAT_EQ(7.0f, u.as_float());

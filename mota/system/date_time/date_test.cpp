@@ -2,6 +2,8 @@
 
 #include <mota_test.hpp>
 
+#include <tuple>
+
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
@@ -35,10 +37,9 @@ struct civil {
 
 }  // namespace
 
-TEST(Date, DayNumbersOfKnownDatesAndWalksThatSkipOnlyTheLeapDay) {
-  EXPECT_EQ(730426u, dt::date(1, 1, 2000).pJulian_day_number());
-  EXPECT_EQ(307u, dt::date(1, 1, 1).pJulian_day_number());
-  EXPECT_EQ(1u, dt::date(1, 3, 0).pJulian_day_number());
+// The day numbers themselves are checked against their formula for every date of years 0 to
+// 10000 by the day-number test; the walks check the calendar they count.
+TEST(Date, DayNumbersWalkTheCalendarSkippingOnlyTheLeapDay) {
   // Walks across 1900 and 2100 (no leap day) and 2000 and 2104 (leap days).
   for (unsigned year : {1899u, 1999u, 2099u}) {
     civil c{1, 1, year}, stepped = c;
@@ -64,14 +65,12 @@ TEST(Date, DayNumbersOfKnownDatesAndWalksThatSkipOnlyTheLeapDay) {
 }
 
 TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
-  struct {
-    int days;
-    unsigned day, month;
-  } const cases[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {-1, 27, 2}};
-  for (const auto& c : cases) {
+  // The leap day reads as 1 March (three days on is the README's example).
+  const std::tuple<int, unsigned, unsigned> cases[] = {{1, 1, 3}, {2, 1, 3}, {-1, 27, 2}};
+  for (const auto& [days, day, month] : cases) {
     dt::date d(28, 2, 2024);
-    d += c.days;
-    EXPECT_TRUE(same(civil{c.day, c.month, 2024}, d)) << c.days;
+    d += days;
+    EXPECT_TRUE(same(civil{day, month, 2024}, d)) << days;
   }
   // Going back one day from 1 March of a leap year lands on the leap day, which reads as
   // 1 March again.
@@ -90,24 +89,20 @@ TEST(Date, ArithmeticAroundTheLeapDayAndDayOne) {
   d = dt::date(1, 1, 2000);
   d -= dt::date_duration(-1);
   EXPECT_TRUE(same(civil{2, 1, 2000}, d));
-  d.plus_assign(dt::date_duration(-366));
-  EXPECT_TRUE(same(civil{1, 1, 1999}, d));
 }
 
 TEST(Date, EffectiveDayIsClippedToTheMonthSettersCheckTheirRange) {
-  struct {
-    unsigned day, month, year, effective;
-    bool constrained;
-  } const cases[] = {
+  const std::tuple<unsigned, unsigned, unsigned, unsigned, bool> cases[] = {
       {31, 4, 2023, 30, true}, {30, 4, 2023, 30, false}, {31, 12, 2023, 31, false},
       {29, 2, 2023, 28, true}, {29, 2, 2024, 29, false}, {31, 2, 2024, 29, true},
       {30, 2, 1900, 28, true}, {29, 2, 2000, 29, false},
   };
-  for (const auto& c : cases) {
-    const dt::date d(c.day, c.month, c.year);
-    EXPECT_EQ(c.effective, d.day()) << c.day << "." << c.month << "." << c.year;
-    EXPECT_EQ(c.effective, d.get_days());
-    EXPECT_EQ(c.constrained, d.is_day_constrained()) << c.day << "." << c.month;
+  for (const auto& [day, month, year, effective, constrained] : cases) {
+    SCOPED_TRACE(::testing::Message() << day << "." << month << "." << year);
+    const dt::date d(day, month, year);
+    EXPECT_EQ(effective, d.day());
+    EXPECT_EQ(effective, d.get_days());
+    EXPECT_EQ(constrained, d.is_day_constrained());
   }
   EXPECT_EQ(0u, dt::date().day());
   EXPECT_FALSE(dt::date().is_day_constrained());

@@ -3,6 +3,7 @@
 #include <mota_test.hpp>
 
 #include <ctime>
+#include <tuple>
 
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
@@ -25,18 +26,15 @@ dt::date_time_t noon_10_may() {
 }  // namespace
 
 TEST(DateTime, TimeDurationsMoveTheDateOnlyFromADayOnDateDurationsAnyDay) {
-  const struct {
-    int hours, minutes;
-    unsigned day, hour, minute;
-  } cases[] = {
+  const std::tuple<int, int, unsigned, unsigned, unsigned> cases[] = {
       {13, 0, 10, 1, 0},  // past midnight, but the date stays
       {-12, -1, 10, 23, 59},
       {25, 30, 2, 13, 30},  // day := 25 mod 24 = 1, then + 1 day
   };
-  for (const auto& c : cases) {
+  for (const auto& [hours, minutes, day, hour, minute] : cases) {
     dt::date_time_t v = noon_10_may();
-    v += dt::time_duration(c.hours, c.minutes, 0, 0);
-    EXPECT_TRUE(at(v, c.day, 5, 2023, c.hour, c.minute)) << c.hours << "h";
+    v += dt::time_duration(hours, minutes, 0, 0);
+    EXPECT_TRUE(at(v, day, 5, 2023, hour, minute)) << hours << "h";
   }
   dt::date_time_t v = noon_10_may();
   v -= dt::time_duration(-25, 0, 0, 0);  // negated: + 25 h

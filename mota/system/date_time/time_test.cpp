@@ -3,6 +3,8 @@
 
 #include <mota_test.hpp>
 
+#include <tuple>
+
 namespace dt = mota::system::date_time;
 using mota::exceptions::out_of_range;
 
@@ -47,23 +49,21 @@ TEST(Durations, PartsTruncateTowardZeroAndWholeUnitsWrap) {
 }
 
 TEST(Time, SettersCheckTheirRangeArithmeticWrapsOnceAroundMidnight) {
-  struct {
-    unsigned int (dt::time::*set)(unsigned int);
-    unsigned int last_valid;
-    const char* message;
-    const char* function;
-  } const cases[] = {
+  using setter = unsigned int (dt::time::*)(unsigned int);
+  const std::tuple<setter, unsigned int, const char*, const char*> cases[] = {
       {&dt::time::hour, 23, "Hour value out of valid range", "hour"},
       {&dt::time::minute, 59, "Minute value out of valid range", "minute"},
       {&dt::time::second, 59, "Second value out of valid range", "second"},
       {&dt::time::millisecond, 999, "Millisecond value out of valid range", "millisecond"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.function);
+  for (const auto& [set, last_valid, message, function] : cases) {
+    SCOPED_TRACE(function);
     dt::time t(1, 2, 3, 4);
-    EXPECT_EQ(c.last_valid, (t.*c.set)(c.last_valid));
+    EXPECT_EQ(last_valid, (t.*set)(last_valid));
     const dt::time before = t;
-    EXPECT_THROWS((t.*c.set)(c.last_valid + 1), out_of_range, c.message, c.function);
+    // The lambda of the throw check cannot capture the bindings themselves.
+    const auto set_past_the_range = [&t, s = set, past = last_valid + 1] { (t.*s)(past); };
+    EXPECT_THROWS(set_past_the_range(), out_of_range, message, function);
     EXPECT_EQ(0, (t - before).total_milliseconds());  // unchanged
   }
   EXPECT_FALSE(dt::time::is_valid_hour(-1));
