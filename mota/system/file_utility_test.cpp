@@ -174,6 +174,14 @@ TEST(StoreFile, KeepsPermissionBitsAndFallsBackInPlace) {
   EXPECT_EQ(0, sys::store_file(long_name, "new"));
   EXPECT_EQ("new", read_bytes(long_name));
 
+  // A read-only kernel attribute is refused even to root, whose permission checks the
+  // file's own bits do not stop.
+  const char* const attribute = "/sys/devices/system/cpu/online";
+  struct stat attribute_status;
+  if (::stat(attribute, &attribute_status) == 0 && S_ISREG(attribute_status.st_mode)) {
+    EXPECT_EQ(1, sys::store_file(attribute, "0"));
+  }
+
   if (::geteuid() == 0) return;  // root creates files in any directory
   ::chmod(dir.str().c_str(), 0555);
   EXPECT_EQ(0, sys::store_file(path, "in place"));
