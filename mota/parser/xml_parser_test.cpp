@@ -39,12 +39,8 @@ void listen(xml_parser& parser, recorder& r) {
   parser.set_comment_handler(one(&r, &recorder::comment));
 }
 
-struct outcome {
-  error::error_type type;
-  std::uint32_t line;
-  std::string text;
-  std::string log;
-};
+// The error's kind, line and text, then the events delivered.
+using outcome = std::tuple<error::error_type, std::uint32_t, std::string, std::string>;
 
 outcome run(const std::string& text) {
   xml_parser parser;
@@ -54,21 +50,14 @@ outcome run(const std::string& text) {
   return {e.type, e.line, e.text, r.log};
 }
 
-// input, then the error's kind, line and text, then the events delivered
+// Parses each input after `prefix` and compares the outcome; rows are the input and the outcome.
 using parse_case =
     std::tuple<const char*, error::error_type, std::uint32_t, const char*, const char*>;
 
-// Parses each input after `prefix`; compares the result and the events delivered.
 template <std::size_t N>
 void check(const parse_case (&cases)[N], const std::string& prefix = "<?xml?>") {
-  for (const auto& [input, type, line, text, log] : cases) {
-    SCOPED_TRACE("input: " + prefix + input);
-    const outcome o = run(prefix + input);
-    EXPECT_EQ(type, o.type);
-    EXPECT_EQ(line, o.line);
-    EXPECT_EQ(std::string(text), o.text);
-    EXPECT_EQ(std::string(log), o.log);
-  }
+  for (const auto& [input, type, line, text, log] : cases)
+    EXPECT_EQ(outcome(type, line, text, log), run(prefix + input)) << prefix + input;
 }
 
 }  // namespace
@@ -203,20 +192,20 @@ TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
     close += "</a>";
   }
   outcome o = run("<?xml?>" + open);
-  EXPECT_EQ(error::unexpected_eof, o.type);
-  EXPECT_EQ(depth * 4, o.log.size());
-  EXPECT_EQ(error::no_error, run("<?xml?>" + open + close).type);
+  EXPECT_EQ(error::unexpected_eof, std::get<0>(o));
+  EXPECT_EQ(depth * 4, std::get<3>(o).size());
+  EXPECT_EQ(error::no_error, std::get<0>(run("<?xml?>" + open + close)));
 
   const std::string value(16u << 20, 'v');
   o = run("<?xml?><a v='" + value + "'/>");
-  EXPECT_EQ(error::no_error, o.type);
-  EXPECT_TRUE(o.log == "S:a\nA:v=" + value + "\nE:a\n");
+  EXPECT_EQ(error::no_error, std::get<0>(o));
+  EXPECT_TRUE(std::get<3>(o) == "S:a\nA:v=" + value + "\nE:a\n");
 
   std::string many = "<?xml?><a";
   for (int i = 0; i < 100000; ++i)
     many += " n" + std::to_string(i) + "='1'";
   o = run(many + " n0='2'/>");
-  EXPECT_EQ(error::attribute_redefined, o.type);
-  EXPECT_EQ("n0", o.text);
-  EXPECT_EQ(100001, std::count(o.log.begin(), o.log.end(), '\n'));
+  EXPECT_EQ(error::attribute_redefined, std::get<0>(o));
+  EXPECT_EQ("n0", std::get<2>(o));
+  EXPECT_EQ(100001, std::count(std::get<3>(o).begin(), std::get<3>(o).end(), '\n'));
 }
