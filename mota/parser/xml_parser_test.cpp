@@ -137,13 +137,28 @@ TEST(XmlParser, TextEntitiesAndWhiteSpace) {
   check(cases);
 }
 
-// Empty slots drop their events; a copy holds handlers of its own (leaks and double frees of
-// the handlers' clones are the sanitizer suite's to find); a handler's exception propagates.
-TEST(XmlParser, HandlersMayBeEmptyCopiedOrThrow) {
+// Open elements carry over to the next parse, the line count does not; empty slots drop their
+// events; a copy holds handlers of its own (leaks and double frees of the handlers' clones are
+// the sanitizer suite's to find); a handler's exception propagates.
+TEST(XmlParser, StateCarriesOverHandlersMayBeEmptyCopiedOrThrow) {
   xml_parser parser;
   EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?><a x='1'> t <!--c--></a>")).type);
   recorder r;
   listen(parser, r);
+  EXPECT_EQ(error::unexpected_eof, parser.parse(ustring8("<?xml?>\n<a><b>")).type);
+  const error e = parser.parse(ustring8("<?xml?>\n\n</c>"));
+  EXPECT_EQ(error::mismatched_end_element, e.type);
+  EXPECT_EQ(2u, e.line);
+  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?></b></a>")).type);
+  EXPECT_EQ("S:a\nS:b\nE:b\nE:a\n", r.log);
+  // an iterator range
+  r.log.clear();
+  const std::string text = "junk<?xml?><a/>junk";
+  EXPECT_EQ(error::no_error, parser.parse(text.begin() + 4, text.end() - 4).type);
+  EXPECT_EQ("S:a\nE:a\n", r.log);
+  EXPECT_EQ(error::invalid_header, parser.parse(text.end(), text.begin()).type);
+
+  r.log.clear();
   parser.set_attribute_handler(nullptr);
   parser.set_space_handler(nullptr);
   EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?><a x='1'>  t<!--c--></a>")).type);
@@ -162,26 +177,6 @@ TEST(XmlParser, HandlersMayBeEmptyCopiedOrThrow) {
   parser.set_element_start_handler(
       mota::functor::member_function_t<thrower, void(const ustring8&)>(&t, &thrower::start));
   EXPECT_THROWS_STD(parser.parse(ustring8("<?xml?><a/>")), std::runtime_error, "stop");
-}
-
-TEST(XmlParser, StateCarriesOverBetweenParsesAndIteratorRanges) {
-  xml_parser parser;
-  recorder r;
-  listen(parser, r);
-  EXPECT_EQ(error::unexpected_eof, parser.parse(ustring8("<?xml?>\n<a><b>")).type);
-  // The open elements stay; the line counter starts again at 0.
-  const error e = parser.parse(ustring8("<?xml?>\n\n</c>"));
-  EXPECT_EQ(error::mismatched_end_element, e.type);
-  EXPECT_EQ(2u, e.line);
-  EXPECT_EQ(error::no_error, parser.parse(ustring8("<?xml?></b></a>")).type);
-  EXPECT_EQ("S:a\nS:b\nE:b\nE:a\n", r.log);
-
-  // an iterator range
-  r.log.clear();
-  const std::string text = "junk<?xml?><a/>junk";
-  EXPECT_EQ(error::no_error, parser.parse(text.begin() + 4, text.end() - 4).type);
-  EXPECT_EQ("S:a\nE:a\n", r.log);
-  EXPECT_EQ(error::invalid_header, parser.parse(text.end(), text.begin()).type);
 }
 
 TEST(XmlParser, HostileInputFinishesWithoutRecursion) {
