@@ -25,9 +25,7 @@ namespace {
 
 const std::string kHead = "message_catalogs::result_type - ";
 
-std::string data_dir() {
-  return mota_test::source_dir() + "/mota/i18n/testdata/";
-}
+const std::string kData = mota_test::source_dir() + "/mota/i18n/testdata/";
 
 ustring16 u16(const std::string& ascii) {
   return ustring16(ascii.begin(), ascii.end());
@@ -81,7 +79,7 @@ TEST(MessageCatalogsResult, MessagesByKindAndLoaderHeadlines) {
 TEST(MessageCatalogs, LoadFileLookUpAndCatalogsForALocale) {
   message_catalogs cats;
   EXPECT_TRUE(cats == mota::types::nil);
-  ASSERT_EQ(0, cats.load(data_dir() + "catalogs/app.xmc", "de_DE").type);
+  ASSERT_EQ(0, cats.load(kData + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(4u, cats.size());
   EXPECT_EQ(7u, cats.count(u16("app")));
   EXPECT_EQ(0u, cats.size(u32("nope")));
@@ -123,16 +121,16 @@ TEST(MessageCatalogs, LoadFileLookUpAndCatalogsForALocale) {
 
 TEST(MessageCatalogs, LoadResultsForMissingEmptyAndFailedLoads) {
   message_catalogs cats;
-  const std::string missing = data_dir() + "no_such_entry";
+  const std::string missing = kData + "no_such_entry";
   EXPECT_EQ(5, cats.load(missing, "en").type);
   EXPECT_EQ(4, cats.load_directory(missing, "en").type);
   EXPECT_EQ(3, cats.load_file(missing, "en").type);
 
   // every section filtered out: kind 1 while nothing is held, kind 0 afterwards
-  const std::string file = data_dir() + "dir/nested/c.xml";  // lang de only
+  const std::string file = kData + "dir/nested/c.xml";  // lang de only
   EXPECT_EQ(1, cats.load(file, "fr").type);
   EXPECT_EQ(0u, cats.size());
-  ASSERT_EQ(0, cats.load(data_dir() + "dir/a.xmc", "fr").type);  // en is always acceptable
+  ASSERT_EQ(0, cats.load(kData + "dir/a.xmc", "fr").type);  // en is always acceptable
   EXPECT_EQ(0, cats.load(file, "fr").type);
   EXPECT_EQ(1u, cats.size());
 
@@ -149,13 +147,13 @@ TEST(MessageCatalogs, LoadResultsForMissingEmptyAndFailedLoads) {
   message_catalogs dir_cats;
   EXPECT_EQ(13, dir_cats.load_directory(tmp.str(), "en").type);
   EXPECT_FALSE(dir_cats.has_catalog("bad"));
-  std::vector<std::string> with_missing{tmp / "good.xmc", tmp / "gone.xmc"};
-  EXPECT_EQ(5, message_catalogs().load(with_missing, "en").type);
+  paths = {tmp / "good.xmc", tmp / "gone.xmc"};
+  EXPECT_EQ(5, message_catalogs().load(paths, "en").type);
 }
 
 TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnlyAndEndsLinkCycles) {
   message_catalogs cats;
-  result_type r = cats.load(data_dir() + "dir", "de");
+  result_type r = cats.load(kData + "dir", "de");
   EXPECT_EQ(0, r.type) << r.message;
   EXPECT_TRUE(cats.has_catalog("a"));
   EXPECT_TRUE(cats.has_catalog("b"));  // B.XMC: the suffix test ignores case
@@ -163,7 +161,7 @@ TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnlyAndEndsLinkCycles) {
   EXPECT_EQ(3u, cats.size());          // notes.txt was skipped
 
   message_catalogs wide;
-  EXPECT_EQ(0, wide.load_directory(u16(data_dir() + "dir"), u16("en"), u16("b")).type);
+  EXPECT_EQ(0, wide.load_directory(u16(kData + "dir"), u16("en"), u16("b")).type);
   EXPECT_EQ(1u, wide.size());
   EXPECT_TRUE(wide.has_catalog("b"));
 
@@ -178,18 +176,18 @@ TEST(MessageCatalogs, LoadDirectoryTakesCatalogFilesOnlyAndEndsLinkCycles) {
 
 TEST(MessageCatalogs, LaterFilesOfEqualWeightReplaceMessages) {
   message_catalogs cats;
-  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/first_wins.xmc", "de").type);
-  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/later.xmc", "de").type);
+  ASSERT_EQ(0, cats.load_file(kData + "catalogs/first_wins.xmc", "de").type);
+  ASSERT_EQ(0, cats.load_file(kData + "catalogs/later.xmc", "de").type);
   varg_list none;
   EXPECT_EQ("later file", cats.message("dup", "m").as_string(none));
   // weights are those of the new load's locale: for en, the stored de variant weighs 0
-  ASSERT_EQ(0, cats.load_file(data_dir() + "catalogs/later.xmc", "en", "dup").type);
+  ASSERT_EQ(0, cats.load_file(kData + "catalogs/later.xmc", "en", "dup").type);
   EXPECT_EQ("english", cats.message("dup", "m").as_string(none));
 }
 
 TEST(MessageCatalogs, CopiesShareCatalogsAndEraseRemoves) {
   message_catalogs cats;
-  ASSERT_EQ(0, cats.load(data_dir() + "dir", "de").type);
+  ASSERT_EQ(0, cats.load(kData + "dir", "de").type);
   cats.set_resolve_container({{"a", "b"}});
   message_catalogs copy(cats);
   EXPECT_EQ(&cats.catalog("a"), &copy.catalog("a"));
