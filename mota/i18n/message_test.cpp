@@ -19,14 +19,6 @@ namespace {
 
 const ustring8 kSep(1, '\x01');
 
-message_t greeting() {
-  return message_t("greeting",
-                   {message_item("Hello "), message_item("who", message_item::string),
-                    message_item(", you have "),
-                    message_item("n" + kSep + "fieldsize" + kSep + "3", message_item::int_),
-                    message_item(" mails.")});
-}
-
 message_t with_locale(const char* name, const char* locale) {
   message_t m(name, {message_item(name)});
   m._orginal_locale(locale);
@@ -41,7 +33,10 @@ TEST(Message, ArgumentCountValidityAndRendering) {
   EXPECT_TRUE(only_text.has_valid_args(varg_list()));
   EXPECT_FALSE(message_t().has_valid_args(varg_list()));
 
-  message_t m = greeting();
+  message_t m("greeting", {message_item("Hello "), message_item("who", message_item::string),
+                           message_item(", you have "),
+                           message_item("n" + kSep + "fieldsize" + kSep + "3", message_item::int_),
+                           message_item(" mails.")});
   EXPECT_EQ(2u, m.argument_count());
   varg_list one;
   one.push_back("who", variant(ustring8("Ann")));

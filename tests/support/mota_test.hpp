@@ -15,15 +15,11 @@
 #include <type_traits>
 #include <typeinfo>
 
-// The one family of throw checks. Each asserts in one step that `statement` throws an exception
-// of exactly `type` (not a class derived from it), with exactly the message `text`:
-//
-//   EXPECT_THROWS(d.day(32), mota::exceptions::out_of_range, "day value out of valid range",
-//                 "day");
+// The one family of throw checks: `statement` throws exactly `type` (not a class derived from
+// it) with exactly the message `text` and, for the library's exceptions, from `function` as
+// recorded at the throw site (standard exceptions carry none). For example:
+//   EXPECT_THROWS(d.day(32), exceptions::out_of_range, "day value out of valid range", "day");
 //   EXPECT_THROWS_STD(list.at(5u), std::out_of_range, "varg_list::at");
-//
-// For the library's exceptions the function name recorded at the throw site is checked too;
-// standard exceptions carry no throw site.
 #define EXPECT_THROWS(statement, type, text, function) \
   EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, function)) << #statement
 #define EXPECT_THROWS_STD(statement, type, text) \
