@@ -198,20 +198,16 @@ TEST(XmcLoader, EveryErrorKindFromAFileHeaderRulesAndXmlFaults) {
 TEST(XmcLoader, IncludeDepthIsBoundedAndAFileIsReadOnce) {
   mota_test::temp_dir tmp;
   const unsigned int files = xmc_file_loader::max_include_depth + 5;
-  for (unsigned int i = 0; i < files; ++i) {
-    std::ofstream out(tmp / ("f" + std::to_string(i) + ".xmc"));
-    out << xmc(i + 1 < files ? "<include file=\"f" + std::to_string(i + 1) + ".xmc\"/>" : "");
-  }
-  xmc_file_loader loader;
-  load_error e = loader.parse(tmp / "f0.xmc", "en");
+  const auto name = [](unsigned int i) { return "f" + std::to_string(i) + ".xmc"; };
+  for (unsigned int i = 0; i < files; ++i)
+    std::ofstream(tmp / name(i)) << xmc(i + 1 < files ? "<include file=\"" + name(i + 1) + "\"/>"
+                                                      : "");
+  load_error e = xmc_file_loader().parse(tmp / name(0), "en");
   EXPECT_EQ(14, e.type);
-  const std::string deepest =
-      tmp / ("f" + std::to_string(xmc_file_loader::max_include_depth) + ".xmc");
+  const std::string deepest = tmp / name(xmc_file_loader::max_include_depth);
   EXPECT_EQ(0u, e.message.find(kPrefix + "Unexpected parse error happen!" + in_file(deepest)));
-
   // a chain within the bound loads
-  xmc_file_loader shallow;
-  EXPECT_EQ(0, shallow.parse(tmp / ("f" + std::to_string(files - 10) + ".xmc"), "en").type);
+  EXPECT_EQ(0, xmc_file_loader().parse(tmp / name(files - 10), "en").type);
 
   // a link to a file read before is still refused
   std::ofstream(tmp / "x.xmc") << xmc(

@@ -19,24 +19,23 @@ using error = xml_parser::parse_error;
 // Logs every event as one line: S start, E end, A attribute, C character, W space, M comment.
 struct recorder {
   std::string log;
-  void start(const ustring8& s) { log += "S:" + s + "\n"; }
-  void end(const ustring8& s) { log += "E:" + s + "\n"; }
+  template <char kind>
+  void event(const ustring8& s) {
+    log += std::string(1, kind) + ":" + s + "\n";
+  }
   void attribute(const ustring8& n, const ustring8& v) { log += "A:" + n + "=" + v + "\n"; }
-  void character(const ustring8& s) { log += "C:" + s + "\n"; }
-  void space(const ustring8& s) { log += "W:" + s + "\n"; }
-  void comment(const ustring8& s) { log += "M:" + s + "\n"; }
 };
 
 using one = mota::functor::member_function_t<recorder, void(const ustring8&)>;
 using two = mota::functor::member_function_t<recorder, void(const ustring8&, const ustring8&)>;
 
 void listen(xml_parser& parser, recorder& r) {
-  parser.set_element_start_handler(one(&r, &recorder::start));
-  parser.set_element_end_handler(one(&r, &recorder::end));
+  parser.set_element_start_handler(one(&r, &recorder::event<'S'>));
+  parser.set_element_end_handler(one(&r, &recorder::event<'E'>));
   parser.set_attribute_handler(two(&r, &recorder::attribute));
-  parser.set_character_handler(one(&r, &recorder::character));
-  parser.set_space_handler(one(&r, &recorder::space));
-  parser.set_comment_handler(one(&r, &recorder::comment));
+  parser.set_character_handler(one(&r, &recorder::event<'C'>));
+  parser.set_space_handler(one(&r, &recorder::event<'W'>));
+  parser.set_comment_handler(one(&r, &recorder::event<'M'>));
 }
 
 // The error's kind, line and text, then the events delivered.

@@ -73,11 +73,9 @@ class temp_dir {
  public:
   temp_dir() {
     std::random_device rd;
-    auto base = std::filesystem::temp_directory_path();
-    for (;;) {
-      path_ = base / ("mota-test-" + std::to_string(rd()));
-      if (std::filesystem::create_directory(path_)) break;
-    }
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("mota-test-" + std::to_string(rd()));
+    } while (!std::filesystem::create_directory(path_));
   }
   ~temp_dir() {
     std::error_code ec;
