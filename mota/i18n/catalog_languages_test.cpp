@@ -34,8 +34,7 @@ std::vector<ustring8> keys(const catalog_languages::message_map& messages) {
 
 TEST(CatalogLanguages, EachLanguageHoldsWhatWasWrittenInIt) {
   mota_test::temp_dir dir;
-  const std::string app = dir.str() + "/app.xmc", de = dir.str() + "/de.xmc",
-                    bad = dir.str() + "/bad.xmc";
+  const std::string app = dir / "app.xmc", de = dir / "de.xmc", bad = dir / "bad.xmc";
   std::ofstream(bad) << "<?xml version=\"1.0\"?>\n<xmc version=\"2.0\"></xmc>";
   std::ofstream(app) << kHead << section("en", {"a", "b", "c"}) << section(".", {"n"})
                      << section("fr", {"a", "z"}) << "</xmc>";
