@@ -68,12 +68,13 @@ TEST(MessageCatalogsResult, MessagesByKindAndLoaderHeadlines) {
   EXPECT_NE(std::string::npos,
             unknown.find(" value of 2 >\n unknown, or unhandle case happened!  str data=d"));
 
-  // a loader's error under a headline; those of the kinds a file can give (XML faults among
-  // them) are shown in docs/xmc-format.md
+  // a loader's error under a headline; those of the kinds a file can give are shown in
+  // docs/xmc-format.md
   const std::tuple<int, const char*> loads[] = {
       {0, "No Error\n "},
       {1, "No catalog was loaded\n "},
       {2, "Default locale lookup not supported yet\n "},
+      {4, "XML parse error, XML file not well formed\n "},  // the loader's text for no parser fault
       {15, "Unhandled case\n "},
   };
   for (const auto& [kind, headline] : loads) {
