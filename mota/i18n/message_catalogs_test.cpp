@@ -99,7 +99,7 @@ TEST(MessageCatalogs, LoadFileLookUpAndCatalogsForALocale) {
   EXPECT_FALSE(cats.has_message("nope", "hello"));
   EXPECT_EQ(&message_catalogs::s_nil_message, &cats.message("nope", "hello"));
   EXPECT_TRUE(cats.message("app", "nope") == mota::types::nil);
-  EXPECT_FALSE(cats.has_catalog(u32("nolang")));
+  EXPECT_FALSE(cats.has_catalog(u32("nolang")));  // no lang attribute: never loaded
   EXPECT_EQ(&message_catalogs::s_nil_catalog, &cats.catalog("nolang"));
   EXPECT_EQ("units", cats.catalog(u16("units")).name());
 
