@@ -115,7 +115,7 @@ TEST(Catalog, MessagesNilMessageAndLanguageCache) {
   EXPECT_EQ("errors", copy.name());
   copy = mota::types::nil;
   EXPECT_TRUE(copy == mota::types::nil);
-  EXPECT_EQ("", copy.name());
+  EXPECT_EQ("", copy.name());  // the nil test looks at the messages only
 
   // the language set is a cache
   cat.message("a", with_locale("a", "en_US"));

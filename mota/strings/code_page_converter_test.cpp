@@ -22,7 +22,7 @@ std::string convert_in_pieces(code_page_converter& c, const std::string& input, 
   return out;
 }
 
-TEST(CodePageConverter, CharactersCutBetweenPiecesAreJoined) {
+TEST(CodePageConverter, CharactersCutBetweenPiecesAreJoinedFaultsStopOrBecomeQuestionMarks) {
   const std::string text = "gr\xC3\xBC\xC3\x9F \xE2\x82\xAC \xF0\x9F\x98\x80 \xE6\x97\xA5";
   for (std::size_t piece : {1u, 2u, 3u, 100u}) {
     code_page_converter to_utf8(code_page::utf_8, code_page::utf_8, true);
@@ -34,11 +34,9 @@ TEST(CodePageConverter, CharactersCutBetweenPiecesAreJoined) {
     const std::string gbk = convert_in_pieces(to_gbk, "\xE6\x97\xA5\xE6\x9C\xAC", piece, ok);
     EXPECT_EQ("\xE6\x97\xA5\xE6\x9C\xAC", convert_in_pieces(back, gbk, piece, ok)) << piece;
   }
-}
 
-// Strict conversion stops at the first fault with its kind and offset in the whole input;
-// lenient conversion writes one "?" per fault and counts them.
-TEST(CodePageConverter, FaultsStopOrBecomeQuestionMarks) {
+  // Strict conversion stops at the first fault with its kind and offset in the whole input;
+  // lenient conversion writes one "?" per fault and counts them.
   // From UTF-8 into a page: the input, the fault, its offset and the lenient result.
   const std::tuple<code_page::encoding_type, std::string, code_page_converter::fault_type,
                    std::uint64_t, std::string>

@@ -78,7 +78,7 @@ TEST(Unichar, DecodesUtf8ByLeadByteClassUtf16PairsAndUtf32Elements) {
 
 // Overlongs and surrogates decode as is. Any undecodable sequence (among ASCII: the sweep below)
 // makes utf8_to_utf16 give "-1"; utf8_to_utf32 replaces each undecodable byte by "?", resuming.
-TEST(Utf8Decoding, OverlongsAndSurrogatesAsIsTheRestFailsOrIsReplaced) {
+TEST(Conversions, UndecodableAndUnencodableTexts) {
   EXPECT_EQ(s::ustring16(), s::utf8_to_utf16(""));
   EXPECT_EQ(u16({0x0, 0xD800}),
             s::utf8_to_utf16(s::ustring8(std::string("\xC0\x80\xED\xA0\x80", 5))));
@@ -87,11 +87,10 @@ TEST(Utf8Decoding, OverlongsAndSurrogatesAsIsTheRestFailsOrIsReplaced) {
   EXPECT_EQ(u32({63, 63, 'Z'}), s::utf8_to_utf32("\xE2\x82Z"));
   EXPECT_EQ(u32({63, 0xE9}), s::utf8_to_utf32("\x80\xC3\xA9"));
   EXPECT_EQ(s::ustring32(), s::utf8_to_utf32(""));
-}
 
-// utf16_to_utf32 fails on the same texts as utf16_to_utf8 (the utf fuzz target checks that);
-// the sweep below and the iconv fuzz target cover the rest of the encoders.
-TEST(Encoding, BadSurrogatesGiveMinusOneValuesAboveTheRangeAreDropped) {
+  // Encoding: bad surrogates give "-1", values above the range are dropped. utf16_to_utf32
+  // fails on the same texts as utf16_to_utf8 (the utf fuzz target checks that); the sweep below
+  // and the iconv fuzz target cover the rest of the encoders.
   for (const auto& bad : {u16({0xD83D}), u16({0xDE00}), u16({0xD83D, 0x41}), u16({0x41, 0xD83D}),
                           u16({0xDE00, 0xD83D}), u16({0xFFFE, 0x3DD8})})
     EXPECT_EQ(minus_one8, s::utf16_to_utf8(bad));

@@ -27,6 +27,8 @@
 
 namespace mota_test {
 
+using ::testing::AssertionFailure;
+
 // Runs `body` and describes how what it threw differs from the expectation. `function` is
 // compared only for the library's exceptions.
 template <class Expected, class Body>
@@ -38,8 +40,8 @@ template <class Expected, class Body>
     body();
   } catch (const Expected& e) {
     if (typeid(e) != typeid(Expected))
-      return ::testing::AssertionFailure()
-             << "threw " << typeid(e).name() << ", a class derived from the one expected";
+      return AssertionFailure() << "threw " << typeid(e).name()
+                                << ", a class derived from the one expected";
     std::string message;
     const char* where = nullptr;
     if constexpr (std::is_base_of_v<std::exception, Expected>) {
@@ -49,22 +51,20 @@ template <class Expected, class Body>
       where = e.get_state().function;
     }
     if (message != text)
-      return ::testing::AssertionFailure()
-             << "message \"" << message << "\", expected \"" << text << "\"";
+      return AssertionFailure() << "message \"" << message << "\", expected \"" << text << "\"";
     if (function && std::string(where) != function)
-      return ::testing::AssertionFailure()
-             << "thrown by \"" << where << "\", expected \"" << function << "\"";
+      return AssertionFailure() << "thrown by \"" << where << "\", expected \"" << function << "\"";
     return ::testing::AssertionSuccess();
   } catch (const mota::exceptions::exception& e) {
-    return ::testing::AssertionFailure() << "threw another library exception: " << typeid(e).name()
-                                         << " \"" << e.get_message() << "\"";
+    return AssertionFailure() << "threw another library exception: " << typeid(e).name() << " \""
+                              << e.get_message() << "\"";
   } catch (const std::exception& e) {
-    return ::testing::AssertionFailure()
-           << "threw another standard exception: " << typeid(e).name() << " \"" << e.what() << "\"";
+    return AssertionFailure() << "threw another standard exception: " << typeid(e).name() << " \""
+                              << e.what() << "\"";
   } catch (...) {
-    return ::testing::AssertionFailure() << "threw something that is not an exception class";
+    return AssertionFailure() << "threw something that is not an exception class";
   }
-  return ::testing::AssertionFailure() << "threw nothing";
+  return AssertionFailure() << "threw nothing";
 }
 
 // A fresh directory under the system's temporary directory, removed with everything in it
