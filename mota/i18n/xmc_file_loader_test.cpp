@@ -33,14 +33,6 @@ std::vector<std::string> items_of(const message_t& m) {
   return out;
 }
 
-const message_t& loaded(const xmc_file_loader& loader, const char* catalog, const char* name) {
-  static const message_t none;
-  auto cat = loader.data().find(catalog);
-  if (cat == loader.data().end()) return none;
-  auto msg = cat->second.find(name);
-  return msg == cat->second.end() ? none : msg->second;
-}
-
 std::string xmc(const std::string& body) {
   return "<?xml version=\"1.0\"?>\n<xmc version=\"1.0\">" + body + "</xmc>";
 }
@@ -90,13 +82,13 @@ TEST(XmcLoader, LanguagesIncludesBodiesCatalogFilterAndCombineData) {
   xmc_file_loader loader;
   ASSERT_EQ(0, loader.parse(kData + "catalogs/app.xmc", "de_DE").type);
   EXPECT_EQ(kData + "catalogs/", loader.base_directory());
-  EXPECT_EQ("de_DE", loaded(loader, "app", "hello")._orginal_locale());
-  EXPECT_EQ("de", loaded(loader, "app", "only_de")._orginal_locale());
-  EXPECT_EQ(".", loaded(loader, "more", "m1")._orginal_locale());  // sub/deeper/more.xmc
+  EXPECT_EQ("de_DE", loader.data().at("app").at("hello")._orginal_locale());
+  EXPECT_EQ("de", loader.data().at("app").at("only_de")._orginal_locale());
+  EXPECT_EQ(".", loader.data().at("more").at("m1")._orginal_locale());  // sub/deeper/more.xmc
 
   xmc_file_loader en;
   ASSERT_EQ(0, en.parse(kData + "catalogs/app.xmc", "en").type);
-  const message_t& files = loaded(en, "app", "files");
+  const message_t& files = en.data().at("app").at("files");
   EXPECT_EQ("count of files", files.meta());
   EXPECT_EQ((std::vector<std::string>{"0:You have ", "3:n" + kSep + "fieldsize" + kSep + "4",
                                       "0: files of ", "7:size" + kSep + "precision" + kSep + "1",
@@ -120,7 +112,7 @@ TEST(XmcLoader, LanguagesIncludesBodiesCatalogFilterAndCombineData) {
   first.combine_data(catalogs);
   ASSERT_TRUE(catalogs["dup"]);
   EXPECT_EQ("first", catalogs["dup"]->message("m").begin()->data());
-  EXPECT_EQ("first", loaded(first, "dup", "m").begin()->data());  // the loader keeps its copy
+  EXPECT_EQ("first", first.data().at("dup").at("m").begin()->data());  // the loader keeps its copy
 }
 
 // The kind of each type name is xmc_outline's test (against the loader) and the document's
@@ -139,7 +131,7 @@ TEST(XmcLoader, FormatAttributesFollowTheNameAndSkippedSectionsMayHoldAnything) 
   ASSERT_EQ(0, e.type) << e.message;
   EXPECT_EQ((std::vector<std::string>{
                 "1:lost", "3:kept" + kSep + "precision" + kSep + "2" + kSep + "hex" + kSep, "1:"}),
-            items_of(loaded(loader, "c", "m")));
+            items_of(loader.data().at("c").at("m")));
   EXPECT_EQ(1u, loader.data().size());
 }
 
