@@ -42,7 +42,6 @@ TEST(CodePage, SystemNamesFollowTheTableOtherCodesAndTheNilPageAreRejected) {
                   "to_system_type");
 
   EXPECT_TRUE(page == mota::types::nil);
-  EXPECT_TRUE(page.equal(mota::types::nil));
   EXPECT_EQ(code_page::nil_code, page.type());
   // A conversion reports the invalid code in its own name, not the look-up's.
   EXPECT_THROWS(page.encode(strings::ustring8("a")), ex::invalid_argument_value, invalid, "encode");
