@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <sstream>
 #include <string>
@@ -42,10 +43,7 @@ std::string trim(const std::string& text) {
 
 std::vector<std::string> words(const std::string& text) {
   std::istringstream in(text);
-  std::vector<std::string> out;
-  for (std::string word; in >> word;)
-    out.push_back(word);
-  return out;
+  return {std::istream_iterator<std::string>(in), std::istream_iterator<std::string>()};
 }
 
 // True when `line` reads "label: value"; `value` is then the trimmed rest.

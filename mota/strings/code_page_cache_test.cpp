@@ -6,18 +6,14 @@
 
 #include <string>
 #include <thread>
+#include <utility>
 
 using mota::strings::code_page;
 
 namespace {
 
 // The byte 0xE9 in several single-byte sets, and its UTF-8 form in each.
-struct page_case {
-  code_page::encoding_type type;
-  std::string utf8;
-};
-
-const page_case e9_cases[] = {
+const std::pair<code_page::encoding_type, std::string> e9_cases[] = {
     {code_page::windows_1252, "\xC3\xA9"}, {code_page::windows_1251, "\xD0\xB9"},
     {code_page::windows_1253, "\xCE\xB9"}, {code_page::iso_8859_5, "\xD1\x89"},
     {code_page::koi8_r, "\xD0\x98"},       {code_page::iso_8859_15, "\xC3\xA9"},
@@ -29,10 +25,10 @@ const page_case e9_cases[] = {
 int wrong_results(int rounds) {
   int wrong = 0;
   for (int round = 0; round < rounds; ++round) {
-    for (const page_case& c : e9_cases) {
-      const code_page page(c.type);
-      if (page.as_utf8("x\xE9") != "x" + c.utf8) ++wrong;
-      if (page.encode(mota::strings::ustring8("x" + c.utf8)) != "x\xE9") ++wrong;
+    for (const auto& [type, utf8] : e9_cases) {
+      const code_page page(type);
+      if (page.as_utf8("x\xE9") != "x" + utf8) ++wrong;
+      if (page.encode(mota::strings::ustring8("x" + utf8)) != "x\xE9") ++wrong;
     }
   }
   return wrong;

@@ -15,21 +15,19 @@
 #include <type_traits>
 #include <typeinfo>
 
-// The one family of throw checks. Each asserts in one step that `statement` throws an exception
-// of exactly `type` (not a class derived from it), with exactly the message `text`:
-//
-//   EXPECT_THROWS(d.day(32), mota::exceptions::out_of_range, "day value out of valid range",
-//                 "day");
+// The one family of throw checks: `statement` throws exactly `type` (not a class derived from
+// it) with exactly the message `text` and, for the library's exceptions, from `function` as
+// recorded at the throw site (standard exceptions carry none). For example:
+//   EXPECT_THROWS(d.day(32), exceptions::out_of_range, "day value out of valid range", "day");
 //   EXPECT_THROWS_STD(list.at(5u), std::out_of_range, "varg_list::at");
-//
-// For the library's exceptions the function name recorded at the throw site is checked too;
-// standard exceptions carry no throw site.
 #define EXPECT_THROWS(statement, type, text, function) \
   EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, function)) << #statement
 #define EXPECT_THROWS_STD(statement, type, text) \
   EXPECT_TRUE(::mota_test::throws<type>([&] { statement; }, text, nullptr)) << #statement
 
 namespace mota_test {
+
+using ::testing::AssertionFailure;
 
 // Runs `body` and describes how what it threw differs from the expectation. `function` is
 // compared only for the library's exceptions.
@@ -42,8 +40,8 @@ template <class Expected, class Body>
     body();
   } catch (const Expected& e) {
     if (typeid(e) != typeid(Expected))
-      return ::testing::AssertionFailure()
-             << "threw " << typeid(e).name() << ", a class derived from the one expected";
+      return AssertionFailure() << "threw " << typeid(e).name()
+                                << ", a class derived from the one expected";
     std::string message;
     const char* where = nullptr;
     if constexpr (std::is_base_of_v<std::exception, Expected>) {
@@ -53,22 +51,20 @@ template <class Expected, class Body>
       where = e.get_state().function;
     }
     if (message != text)
-      return ::testing::AssertionFailure()
-             << "message \"" << message << "\", expected \"" << text << "\"";
+      return AssertionFailure() << "message \"" << message << "\", expected \"" << text << "\"";
     if (function && std::string(where) != function)
-      return ::testing::AssertionFailure()
-             << "thrown by \"" << where << "\", expected \"" << function << "\"";
+      return AssertionFailure() << "thrown by \"" << where << "\", expected \"" << function << "\"";
     return ::testing::AssertionSuccess();
   } catch (const mota::exceptions::exception& e) {
-    return ::testing::AssertionFailure() << "threw another library exception: " << typeid(e).name()
-                                         << " \"" << e.get_message() << "\"";
+    return AssertionFailure() << "threw another library exception: " << typeid(e).name() << " \""
+                              << e.get_message() << "\"";
   } catch (const std::exception& e) {
-    return ::testing::AssertionFailure()
-           << "threw another standard exception: " << typeid(e).name() << " \"" << e.what() << "\"";
+    return AssertionFailure() << "threw another standard exception: " << typeid(e).name() << " \""
+                              << e.what() << "\"";
   } catch (...) {
-    return ::testing::AssertionFailure() << "threw something that is not an exception class";
+    return AssertionFailure() << "threw something that is not an exception class";
   }
-  return ::testing::AssertionFailure() << "threw nothing";
+  return AssertionFailure() << "threw nothing";
 }
 
 // A fresh directory under the system's temporary directory, removed with everything in it
@@ -77,11 +73,9 @@ class temp_dir {
  public:
   temp_dir() {
     std::random_device rd;
-    auto base = std::filesystem::temp_directory_path();
-    for (;;) {
-      path_ = base / ("mota-test-" + std::to_string(rd()));
-      if (std::filesystem::create_directory(path_)) break;
-    }
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("mota-test-" + std::to_string(rd()));
+    } while (!std::filesystem::create_directory(path_));
   }
   ~temp_dir() {
     std::error_code ec;

@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace gh2 = mota::strings::gh2;
 
 TEST(Gh2Utf8, ClassifiesAndValidatesTheFirstSequence) {
-  struct {
-    const char* bytes;
-    unsigned int size;
-    unsigned int length;
-    bool valid;
-  } const cases[] = {
+  // The bytes, the size given, the length and whether the sequence is valid.
+  const std::tuple<const char*, unsigned int, unsigned int, bool> cases[] = {
       // Whole sequences agree with the UTF-8 decoder (the utf fuzz target checks that); these
       // are the lengths given for sequences that are not whole, and the range beyond U+10FFFF.
       {"\xF7\xBF\xBF\xBF", 4, 4, true},
@@ -26,12 +23,12 @@ TEST(Gh2Utf8, ClassifiesAndValidatesTheFirstSequence) {
       {"\x80", 1, 0, false},
       {"A", 0, 0, false},
   };
-  for (const auto& c : cases) {
-    const unsigned char* bytes = reinterpret_cast<const unsigned char*>(c.bytes);
-    EXPECT_EQ(c.length, gh2::get_utf8_length(c.bytes, c.size)) << c.bytes;
-    EXPECT_EQ(c.length, gh2::get_utf8_length(bytes, c.size)) << c.bytes;
-    EXPECT_EQ(c.valid, gh2::validate_utf8(c.bytes, c.size)) << c.bytes;
-    EXPECT_EQ(c.valid, gh2::validate_utf8(bytes, c.size)) << c.bytes;
+  for (const auto& [text, size, length, valid] : cases) {
+    const unsigned char* bytes = reinterpret_cast<const unsigned char*>(text);
+    EXPECT_EQ(length, gh2::get_utf8_length(text, size)) << text;
+    EXPECT_EQ(length, gh2::get_utf8_length(bytes, size)) << text;
+    EXPECT_EQ(valid, gh2::validate_utf8(text, size)) << text;
+    EXPECT_EQ(valid, gh2::validate_utf8(bytes, size)) << text;
   }
   EXPECT_EQ(0u, gh2::get_utf8_length(static_cast<const char*>(nullptr), 4));
   EXPECT_FALSE(gh2::validate_utf8(static_cast<const unsigned char*>(nullptr), 4));
