@@ -72,7 +72,7 @@ inline civil_date date_of_tabled_day(std::uint32_t number) {
   index += number > month_starts.entry[index + 1].day_before ? 1u : 0u;
   const month_start& month = month_starts.entry[index];
   std::uint32_t day = number - month.day_before - month.leap_day_shift;
-  day += day < 1u ? 1u : 0u;  // 29 February, in a leap year's March
+  day = day > 1u ? day : 1u;  // 29 February, in a leap year's March
   return civil_date{month.year, month.month, day};
 }
 
