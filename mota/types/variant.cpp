@@ -31,27 +31,24 @@ variant_type* make_value(A&&... value) {
   return object;
 }
 
-// The value object of a number whose block the calling thread's pool has no free one for.
+// The value object of a number when the calling thread's pool has no free block.
 template <class T>
-[[gnu::noinline]] variant_type* make_number_from_heap(T value) {
+[[gnu::noinline, gnu::returns_nonnull]] variant_type* make_number_from_heap(T value) {
   return make_value<T>(value);
 }
 
-// A number's value object, in a block of the calling thread's pool: the common case, a free
-// block on the thread's list, makes no call, so the constructors save no register for it.
+// A number's value object, in a free block of the calling thread's pool when there is one: that
+// common case makes no call.
 template <class T>
 variant_type* make_number(T value) {
-  if constexpr (MOTA_VALUE_POOL_OFF) {
-    return make_value<T>(value);
-  } else {
-    _private::free_value_block* const block = _private::value_pool.head;
-    if (__builtin_expect(block == nullptr, 0)) return make_number_from_heap(value);
-    _private::value_pool.head = block->next;
-    --_private::value_pool.kept;
-    auto* const object = new (block) variant_value_t<T>(value);
-    object->delete_on_zero(true);
-    return object;
-  }
+  static_assert(sizeof(variant_value_t<T>) <= _private::pooled_value_size &&
+                    std::is_nothrow_constructible_v<variant_value_t<T>, T>,
+                "numbers are built straight in a pooled block");
+  void* const block = _private::take_free_value_block();
+  if (__builtin_expect(block == nullptr, 0)) return make_number_from_heap(value);
+  auto* const object = new (block) variant_value_t<T>(value);
+  object->delete_on_zero(true);
+  return object;
 }
 
 variant_type* make_nil() {
