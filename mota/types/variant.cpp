@@ -31,6 +31,26 @@ variant_type* make_value(A&&... value) {
   return object;
 }
 
+// The value object of a number when the calling thread's pool has no free block.
+template <class T>
+[[gnu::noinline, gnu::returns_nonnull]] variant_type* make_number_from_heap(T value) {
+  return make_value<T>(value);
+}
+
+// A number's value object, in a free block of the calling thread's pool when there is one: that
+// common case makes no call.
+template <class T>
+variant_type* make_number(T value) {
+  static_assert(sizeof(variant_value_t<T>) <= _private::pooled_value_size &&
+                    std::is_nothrow_constructible_v<variant_value_t<T>, T>,
+                "numbers are built straight in a pooled block");
+  void* const block = _private::take_free_value_block();
+  if (__builtin_expect(block == nullptr, 0)) return make_number_from_heap(value);
+  auto* const object = new (block) variant_value_t<T>(value);
+  object->delete_on_zero(true);
+  return object;
+}
+
 variant_type* make_nil() {
   return make_value<nil_t>();
 }
@@ -47,19 +67,19 @@ C const* checked_text(C const* text) {
 variant::variant() : m_value(make_nil()) {}
 variant::variant(nil_t const&) : m_value(make_nil()) {}
 
-variant::variant(bool value) : m_value(make_value<bool>(value)) {}
-variant::variant(signed char const& value) : m_value(make_value<signed char>(value)) {}
-variant::variant(short const& value) : m_value(make_value<short>(value)) {}
-variant::variant(int const& value) : m_value(make_value<int>(value)) {}
-variant::variant(long long const& value) : m_value(make_value<long long>(value)) {}
-variant::variant(unsigned char const& value) : m_value(make_value<unsigned char>(value)) {}
-variant::variant(unsigned short const& value) : m_value(make_value<unsigned short>(value)) {}
-variant::variant(unsigned int const& value) : m_value(make_value<unsigned int>(value)) {}
+variant::variant(bool value) : m_value(make_number<bool>(value)) {}
+variant::variant(signed char const& value) : m_value(make_number<signed char>(value)) {}
+variant::variant(short const& value) : m_value(make_number<short>(value)) {}
+variant::variant(int const& value) : m_value(make_number<int>(value)) {}
+variant::variant(long long const& value) : m_value(make_number<long long>(value)) {}
+variant::variant(unsigned char const& value) : m_value(make_number<unsigned char>(value)) {}
+variant::variant(unsigned short const& value) : m_value(make_number<unsigned short>(value)) {}
+variant::variant(unsigned int const& value) : m_value(make_number<unsigned int>(value)) {}
 variant::variant(unsigned long long const& value)
-    : m_value(make_value<unsigned long long>(value)) {}
-variant::variant(float const& value) : m_value(make_value<float>(value)) {}
-variant::variant(double const& value) : m_value(make_value<double>(value)) {}
-variant::variant(long double const& value) : m_value(make_value<long double>(value)) {}
+    : m_value(make_number<unsigned long long>(value)) {}
+variant::variant(float const& value) : m_value(make_number<float>(value)) {}
+variant::variant(double const& value) : m_value(make_number<double>(value)) {}
+variant::variant(long double const& value) : m_value(make_number<long double>(value)) {}
 
 variant::variant(char const* text)
     : m_value(make_value<strings::ustring8>(strings::ustring8(checked_text(text)))) {}

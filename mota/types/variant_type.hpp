@@ -28,7 +28,9 @@ class MOTA_API variant_type
     : public generic::abilities::reference_count_pointer_ability<variant_type>,
       public generic::abilities::clone_ability {
  public:
-  ~variant_type() override;
+  // Inline and empty, so that destroying a value object calls nothing before its storage goes
+  // back.
+  ~variant_type() override = default;
 
   // True for every held type.
   virtual bool convertible() const = 0;

@@ -2,7 +2,6 @@
 
 #include <mota/exceptions/_private/throw.hpp>
 #include <mota/system/date_time/_private/clock.hpp>
-#include <mota/system/date_time/_private/month_starts.hpp>
 
 namespace MOTA_2_18 {
 namespace system {
@@ -96,11 +95,6 @@ date& date::assign(const date& other) {
   return *this;
 }
 
-date& date::plus_assign(const date_duration& duration) {
-  pJulian_day_number(pJulian_day_number() + static_cast<std::uint32_t>(duration.days()));
-  return *this;
-}
-
 date& date::minus_assign(const date_duration& duration) {
   const std::uint32_t number = pJulian_day_number();
   if (static_cast<std::int64_t>(number) <= static_cast<std::int64_t>(duration.days()))
@@ -109,13 +103,8 @@ date& date::minus_assign(const date_duration& duration) {
   return *this;
 }
 
-// The day number's date always has a month of 1 to 12 and a day within the month, so the fields
-// are stored directly: the setters could not fail and the clip to the month changes nothing.
-void date::pJulian_day_number(std::uint32_t number) {
-  const _private::civil_date result = _private::date_of_day_number(number);
-  m_day = result.day;
-  m_month = result.month;
-  m_year = result.year;
+void date::set_untabled_day_number(std::uint32_t number) {
+  store(_private::from_day_number(number));
 }
 
 }  // namespace date_time

@@ -9,6 +9,7 @@
 #include <mota/exceptions/logic_error.hpp>
 #include <mota/export.hpp>
 #include <mota/system/date_time/_private/day_number.hpp>
+#include <mota/system/date_time/_private/month_starts.hpp>
 #include <mota/system/date_time/date_duration.hpp>
 
 #include <cstdint>
@@ -71,8 +72,12 @@ class MOTA_API date {
   date& operator=(const date& other) { return assign(other); }
   //@}
   // Moves the date by the duration through the day number. The day after 28 February of a
-  // leap year comes back as 1 March, so the arithmetic never lands on 29 February.
-  date& plus_assign(const date_duration& duration);
+  // leap year comes back as 1 March, so the arithmetic never lands on 29 February. Inline, with
+  // the day numbers of the common years.
+  date& plus_assign(const date_duration& duration) {
+    pJulian_day_number(pJulian_day_number() + static_cast<std::uint32_t>(duration.days()));
+    return *this;
+  }
   //@{
   // As plus_assign with the negated duration; throws exceptions::out_of_range "date value out
   // of valid range" when the day number is not greater than the duration's days. operator+=
@@ -86,10 +91,25 @@ class MOTA_API date {
   // arithmetic; an invalid date gives whatever the formula yields. Inline, as a difference of
   // two dates is two of these.
   std::uint32_t pJulian_day_number() const { return _private::day_number(m_year, m_month, m_day); }
-  // Sets the date from a day number, as the arithmetic does.
-  void pJulian_day_number(std::uint32_t number);
+  // Sets the date from a day number, as the arithmetic does: the common years inline, the
+  // others out of line.
+  void pJulian_day_number(std::uint32_t number) {
+    if (__builtin_expect(!_private::is_tabled_day(number), 0))
+      return set_untabled_day_number(number);
+    store(_private::date_of_tabled_day(number));
+  }
 
  private:
+  // The day number's date always has a month of 1 to 12 and a day within the month, so the
+  // fields are stored directly: the setters could not fail and the clip to the month changes
+  // nothing.
+  void store(const _private::civil_date& value) {
+    m_day = value.day;
+    m_month = value.month;
+    m_year = value.year;
+  }
+  void set_untabled_day_number(std::uint32_t number);
+
   std::uint32_t m_year;
   std::uint32_t m_month;
   std::uint32_t m_day;

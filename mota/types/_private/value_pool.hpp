@@ -58,9 +58,14 @@ extern __thread value_pool_state value_pool __attribute__((tls_model("initial-ex
 void* take_value_block_from_heap();
 void give_value_block_slowly(void* block) noexcept;
 
-// A block of pooled_value_size bytes, aligned as ::operator new aligns; throws std::bad_alloc
-// as ::operator new does.
+// take_value_block: a block of pooled_value_size bytes, aligned as ::operator new aligns; throws
+// std::bad_alloc as ::operator new does. take_free_value_block: a block from the thread's list
+// only, or null when the list is empty (and always without the pool), for callers that keep the
+// heap out of their common path.
 #if MOTA_VALUE_POOL_OFF
+inline void* take_free_value_block() noexcept {
+  return nullptr;
+}
 inline void* take_value_block() {
   return ::operator new(pooled_value_size);
 }
@@ -68,12 +73,17 @@ inline void give_value_block(void* block) noexcept {
   ::operator delete(block);
 }
 #else
-inline void* take_value_block() {
+inline void* take_free_value_block() noexcept {
   free_value_block* const block = value_pool.head;
-  if (block == nullptr) return take_value_block_from_heap();
+  if (block == nullptr) return nullptr;
   value_pool.head = block->next;
   --value_pool.kept;
   return block;
+}
+
+inline void* take_value_block() {
+  void* const block = take_free_value_block();
+  return block != nullptr ? block : take_value_block_from_heap();
 }
 
 // Returns a block from take_value_block (of any thread).

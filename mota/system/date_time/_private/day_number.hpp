@@ -2,8 +2,9 @@
 // arithmetic is inlined into its callers).
 //
 // The continuous day number of the date arithmetic and its inverse, in unsigned 32-bit
-// arithmetic: a month table instead of the per-month formula, a year table for the years most
-// dates fall in, and the year, month and day recovered with multiplications and shifts only.
+// arithmetic: a month table instead of the per-month formula, a table of every month's day 0 for
+// the years most dates fall in, and the year, month and day recovered with multiplications and
+// shifts only.
 //
 // The numbering counts years from 1 March, so that 1 March of year 0 is day 1 (1 January 2000
 // is 730426). Its inverse never yields 29 February: that day comes back as 1 March of the same
@@ -46,33 +47,48 @@ constexpr std::uint32_t days_before_march(std::uint32_t y) {
   return 365u * y + y / 4u - centuries + centuries / 4u;
 }
 
-// The years whose day counts are tabled: the ones dates of today's programs live in, so that
-// their day number is two table reads and two additions. Other years take the formula.
+// The day number of any stored year, month and day by the formula (month 0 and day 0 included:
+// an unset date gives whatever the formula gives).
+constexpr std::uint32_t day_number_by_formula(std::uint32_t year, std::uint32_t month,
+                                              std::uint32_t day) {
+  if (month - 1u >= 12u) return day_number_of_any_month(year, month, day);
+  const std::uint32_t y = year - (month <= 2u ? 1u : 0u);
+  return day + days_before_march(y) + days_before_month[month];
+}
+
+// The years whose day numbers are tabled: the ones dates of today's programs live in, so that
+// their day number is one table read and one addition. Other years take the formula.
 inline constexpr std::uint32_t first_tabled_year = 1900;
 inline constexpr std::uint32_t tabled_years = 256;
+// Sixteen columns a year, so that the index is a shift and an addition: months 0 to 12 as a date
+// may store them, and 13 to 15, which no date holds, with the formula's values all the same.
+inline constexpr std::uint32_t tabled_month_columns = 16;
 
-struct year_table {
-  std::uint32_t days_before_march[tabled_years];
+// Each entry: the day number of day 0 of the month (the day is added to it, as the formula is
+// linear in the day).
+struct month_day_zero_table {
+  std::uint32_t day_zero[tabled_years * tabled_month_columns];
 };
 
-constexpr year_table make_year_table() {
-  year_table table{};
-  for (std::uint32_t i = 0; i < tabled_years; ++i)
-    table.days_before_march[i] = _private::days_before_march(first_tabled_year + i);
+constexpr month_day_zero_table make_month_day_zero_table() {
+  month_day_zero_table table{};
+  for (std::uint32_t i = 0; i < tabled_years * tabled_month_columns; ++i)
+    table.day_zero[i] = day_number_by_formula(first_tabled_year + i / tabled_month_columns,
+                                              i % tabled_month_columns, 0);
   return table;
 }
 
-inline constexpr year_table tabled_year_days = make_year_table();
+inline constexpr month_day_zero_table month_day_zero = make_month_day_zero_table();
 
-// The day number of any stored year, month and day (month 0 and day 0 included: an unset date
-// gives whatever the formula gives).
+// The same result as day_number_by_formula for every month a date stores (0 to 12; 13 to 15
+// too). One comparison bounds the index: a year outside the table puts it past the end whatever
+// the month, so no month can make it read outside the table.
 constexpr std::uint32_t day_number(std::uint32_t year, std::uint32_t month, std::uint32_t day) {
-  if (__builtin_expect(month - 1u >= 12u, 0)) return day_number_of_any_month(year, month, day);
-  const std::uint32_t y = year - (month <= 2u ? 1u : 0u);
-  const std::uint32_t index = y - first_tabled_year;
-  const std::uint32_t before =
-      index < tabled_years ? tabled_year_days.days_before_march[index] : days_before_march(y);
-  return day + before + days_before_month[month];
+  const std::uint64_t index =
+      std::uint64_t(year - first_tabled_year) * tabled_month_columns | month;
+  if (__builtin_expect(index < tabled_years * tabled_month_columns, 1))
+    return day + month_day_zero.day_zero[index];
+  return day_number_by_formula(year, month, day);
 }
 
 // The date as the arithmetic yields it: 29 February comes back as 1 March of the same year.
