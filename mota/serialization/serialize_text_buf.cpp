@@ -1,8 +1,9 @@
 #include <mota/serialization/serialize_text_buf.hpp>
 
+#include <mota/generic/convert/_private/decimal_text.hpp>
 #include <mota/generic/convert/str_to_float.hpp>
 #include <mota/generic/convert/str_to_x.hpp>
-#include <mota/generic/convert/x_to_str.hpp>
+#include <mota/serialization/_private/content_growth.hpp>
 #include <mota/serialization/_private/decimal_token.hpp>
 #include <mota/serialization/_private/read_position.hpp>
 #include <mota/serialization/_private/text_reader.hpp>
@@ -14,6 +15,7 @@
 #include <cstring>
 #include <locale>
 #include <sstream>
+#include <type_traits>
 #include <utility>
 
 namespace MOTA_2_18 {
@@ -21,6 +23,7 @@ namespace serialization {
 
 namespace convert = generic::convert;
 using _private::advance_position;
+using _private::reserve_more;
 using _private::throw_beyond_content;
 
 namespace {
@@ -35,24 +38,57 @@ constexpr std::size_t number_buffer_size = 24;
 // same text.
 constexpr unsigned int max_useful_precision = 800;
 
-// Appends `value` as a std::stringstream with `precision` writes it in default notation.
-// With the classic global locale that text equals printf's "%.*g", which std::to_chars gives
-// without building a stream; any other global locale goes through the stream itself.
+// Appends the decimal text of `value` and the separator with one append.
+template <typename U>
+void append_decimal(std::string& content, U value, bool negative) {
+  char text[number_buffer_size];
+  text[0] = '-';
+  char* end = generic::convert::_private::write_decimal(value, text + (negative ? 1 : 0));
+  *end++ = serialize_text_buf::separator;
+  reserve_more(content, number_buffer_size);
+  content.append(text, static_cast<std::size_t>(end - text));
+}
+
+template <typename S>
+void append_signed(std::string& content, S value) {
+  using U = std::make_unsigned_t<S>;
+  const bool negative = value < 0;
+  const U bits = static_cast<U>(value);
+  append_decimal(content, negative ? static_cast<U>(U(0) - bits) : bits, negative);
+}
+
+// True when the program's global locale is the classic one. Copying the global locale costs
+// little when it is the classic one; the classic locale itself is looked up once.
+bool global_locale_is_classic() {
+  static const std::locale classic = std::locale::classic();
+  return std::locale() == classic;
+}
+
+// Appends `value` as a std::stringstream with `precision` writes it in default notation, then
+// the separator. With the classic global locale that text equals printf's "%.*g", which
+// std::to_chars gives without building a stream; any other global locale goes through the
+// stream itself. The locale is asked on every call: the program may change it between calls.
 void append_floating(std::string& content, double value, unsigned int precision) {
-  if (std::locale() == std::locale::classic()) {
+  if (global_locale_is_classic()) {
     char text[max_useful_precision + 32];
     const int digits = static_cast<int>(std::min(precision, max_useful_precision));
     const auto result =
-        std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits);
+        std::to_chars(text, text + sizeof text - 1, value, std::chars_format::general, digits);
     if (result.ec == std::errc()) {
-      content.append(text, result.ptr);
+      *result.ptr = serialize_text_buf::separator;
+      const auto length = static_cast<std::size_t>(result.ptr - text) + 1;
+      reserve_more(content, length);
+      content.append(text, length);
       return;
     }
   }
   std::ostringstream stream;
   stream.precision(static_cast<std::streamsize>(precision));
   stream << value;
-  content += stream.str();
+  const std::string text = stream.str();
+  reserve_more(content, text.size() + 1);
+  content += text;
+  content.push_back(serialize_text_buf::separator);
 }
 
 // Parses a plain decimal token ("-12.5e3" and the like) without building a stream. With the
@@ -70,7 +106,7 @@ bool parse_plain_decimal(const char* token, std::size_t length, T& value) {
   const auto result = std::from_chars(token, token + length, value);
   if (result.ec != std::errc() || result.ptr != token + length) return false;
   if (value != 0 && !std::isnormal(value)) return false;
-  return std::locale() == std::locale::classic();
+  return global_locale_is_classic();
 }
 
 // An integer token: read in place when it is a plain decimal number, otherwise parsed by
@@ -149,17 +185,11 @@ void serialize_text_buf::append_int16(const short& value) {
 }
 
 void serialize_text_buf::append_int32(const int& value) {
-  char text[number_buffer_size];
-  convert::ltoa(value, text, 10);
-  m_content.append(text);
-  m_content.push_back(separator);
+  append_signed(m_content, value);
 }
 
 void serialize_text_buf::append_int64(const long long& value) {
-  char text[number_buffer_size];
-  convert::lltoa(value, text, 10);
-  m_content.append(text);
-  m_content.push_back(separator);
+  append_signed(m_content, value);
 }
 
 void serialize_text_buf::append_uint8(const unsigned char& value) {
@@ -171,34 +201,24 @@ void serialize_text_buf::append_uint16(const unsigned short& value) {
 }
 
 void serialize_text_buf::append_uint32(const unsigned int& value) {
-  char text[number_buffer_size];
-  convert::ultoa(value, text, 10);
-  m_content.append(text);
-  m_content.push_back(separator);
+  append_decimal(m_content, value, false);
 }
 
 void serialize_text_buf::append_uint64(const unsigned long long& value) {
-  char text[number_buffer_size];
-  convert::ulltoa(value, text, 10);
-  m_content.append(text);
-  m_content.push_back(separator);
+  append_decimal(m_content, value, false);
 }
 
 void serialize_text_buf::append_float(const float& value, const unsigned int& precision) {
   append_floating(m_content, static_cast<double>(value), precision);
-  m_content.push_back(separator);
 }
 
 void serialize_text_buf::append_double(const double& value, const unsigned int& precision) {
   append_floating(m_content, value, precision);
-  m_content.push_back(separator);
 }
 
 void serialize_text_buf::append_string(const std::string& value) {
-  char text[number_buffer_size];
-  convert::ulltoa(static_cast<unsigned long long>(value.size()), text, 10);
-  m_content.append(text);
-  m_content.push_back(separator);
+  reserve_more(m_content, number_buffer_size + value.size() + 1);
+  append_decimal(m_content, static_cast<unsigned long long>(value.size()), false);
   m_content += value;
   m_content.push_back(separator);
 }

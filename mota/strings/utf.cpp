@@ -1,6 +1,7 @@
 #include <mota/strings/utf.hpp>
 
 #include <mota/debug/assert.hpp>
+#include <mota/strings/_private/utf16_to_utf8_avx512.hpp>
 #include <mota/strings/_private/utf16_to_utf8_units.hpp>
 #include <mota/strings/bom.hpp>
 
@@ -282,6 +283,12 @@ inline void release_slack(ustring8& output) {
 // words can be stored; false on a bad surrogate.
 bool encode_utf16_as_utf8(const unsigned short* src, std::size_t n, unsigned char* out,
                           std::size_t& written) {
+  if (n > _private::block_reserve && _private::avx512_encoder_available()) {
+    std::size_t consumed = 0;
+    if (!_private::encode_blocks_avx512(src, n, out, written, consumed)) return false;
+    src += consumed;
+    n -= consumed;
+  }
   unsigned char* d = out + written;
   const unsigned short* p = src;
   const unsigned short* const end = src + n;

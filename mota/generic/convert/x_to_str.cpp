@@ -1,6 +1,6 @@
 #include <mota/generic/convert/x_to_str.hpp>
 
-#include <mota/generic/convert/_private/decimal_length.hpp>
+#include <mota/generic/convert/_private/decimal_text.hpp>
 
 namespace MOTA_2_18 {
 namespace generic {
@@ -10,39 +10,13 @@ namespace {
 
 constexpr char digit_chars[] = "0123456789abcdefghijklmnopqrstuvwxyz";
 
-// "00" to "99", two characters per pair.
-constexpr char decimal_pairs[] =
-    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
-    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
-    "8081828384858687888990919293949596979899";
-
-// Writes the digits of `value` followed by a terminating zero; returns the terminator's place.
-// Digits are produced least significant first. Decimal text and powers of two, whose length is
-// known beforehand, are written from the far end (decimal two digits at a time); other radixes
-// are written forwards and reversed in place. All give the same text.
+// Writes the digits of `value` in a radix other than 10 followed by a terminating zero; returns
+// the terminator's place. Powers of two, whose length follows from the bit length, are written
+// from the far end with masks and shifts; other radixes are written least significant digit
+// first and reversed in place. Both give the same text.
 template <typename U, typename C>
 C* write_digits(U value, C* out, unsigned int radix) {
-  if (radix == 10) {
-    const unsigned int length = _private::decimal_length(value);
-    C* p = out + length;
-    *p = 0;
-    while (value >= 100) {
-      const unsigned int pair = static_cast<unsigned int>(value % 100) * 2;
-      value = static_cast<U>(value / 100);
-      *--p = static_cast<C>(decimal_pairs[pair + 1]);
-      *--p = static_cast<C>(decimal_pairs[pair]);
-    }
-    if (value >= 10) {
-      const unsigned int pair = static_cast<unsigned int>(value) * 2;
-      *--p = static_cast<C>(decimal_pairs[pair + 1]);
-      *--p = static_cast<C>(decimal_pairs[pair]);
-    } else {
-      *--p = static_cast<C>('0' + static_cast<unsigned int>(value));
-    }
-    return out + length;
-  }
   if ((radix & (radix - 1)) == 0 && radix >= 2) {
-    // Powers of two: the length follows from the bit length, digits are masks and shifts.
     const unsigned int shift = static_cast<unsigned int>(__builtin_ctz(radix));
     const auto wide = static_cast<unsigned long long>(value);
     const unsigned int bits =
@@ -76,9 +50,20 @@ inline bool writable_radix(unsigned int radix) {
   return radix - 2u <= 34u;
 }
 
+// Decimal, by far the most used radix, takes its own path without a call or a branch on the
+// sign: the "-" is always stored and then overwritten by the first digit of a value that is
+// not negative (the buffer holds at least a digit and the terminator).
 template <typename S, typename C>
 C* write_signed(S value, C* buffer, unsigned int radix) {
   using U = std::make_unsigned_t<S>;
+  if (radix == 10) {
+    const U negative = value < 0 ? 1 : 0;
+    const U mask = static_cast<U>(U(0) - negative);  // all ones for a negative value
+    const U magnitude = static_cast<U>((static_cast<U>(value) ^ mask) - mask);
+    *buffer = static_cast<C>('-');
+    _private::write_decimal(magnitude, buffer + negative);
+    return buffer;
+  }
   if (!writable_radix(radix)) {
     *buffer = 0;
     return buffer;
@@ -95,6 +80,10 @@ C* write_signed(S value, C* buffer, unsigned int radix) {
 
 template <typename U, typename C>
 C* write_unsigned(U value, C* buffer, unsigned int radix) {
+  if (radix == 10) {
+    _private::write_decimal(value, buffer);
+    return buffer;
+  }
   if (!writable_radix(radix)) {
     *buffer = 0;
     return buffer;
