@@ -38,23 +38,19 @@ constexpr std::size_t number_buffer_size = 24;
 // same text.
 constexpr unsigned int max_useful_precision = 800;
 
-// Appends the decimal text of `value` and the separator with one append.
-template <typename U>
-void append_decimal(std::string& content, U value, bool negative) {
+// Appends the decimal text of the integer `value` and the separator with one append.
+template <typename T>
+void append_decimal(std::string& content, T value) {
+  namespace text_of = generic::convert::_private;
   char text[number_buffer_size];
-  text[0] = '-';
-  char* end = generic::convert::_private::write_decimal(value, text + (negative ? 1 : 0));
+  char* end;
+  if constexpr (std::is_signed_v<T>)
+    end = text_of::write_signed_decimal(value, text);
+  else
+    end = text_of::write_decimal(value, text);
   *end++ = serialize_text_buf::separator;
   reserve_more(content, number_buffer_size);
   content.append(text, static_cast<std::size_t>(end - text));
-}
-
-template <typename S>
-void append_signed(std::string& content, S value) {
-  using U = std::make_unsigned_t<S>;
-  const bool negative = value < 0;
-  const U bits = static_cast<U>(value);
-  append_decimal(content, negative ? static_cast<U>(U(0) - bits) : bits, negative);
 }
 
 // True when the program's global locale is the classic one. Copying the global locale costs
@@ -185,11 +181,11 @@ void serialize_text_buf::append_int16(const short& value) {
 }
 
 void serialize_text_buf::append_int32(const int& value) {
-  append_signed(m_content, value);
+  append_decimal(m_content, value);
 }
 
 void serialize_text_buf::append_int64(const long long& value) {
-  append_signed(m_content, value);
+  append_decimal(m_content, value);
 }
 
 void serialize_text_buf::append_uint8(const unsigned char& value) {
@@ -201,11 +197,11 @@ void serialize_text_buf::append_uint16(const unsigned short& value) {
 }
 
 void serialize_text_buf::append_uint32(const unsigned int& value) {
-  append_decimal(m_content, value, false);
+  append_decimal(m_content, value);
 }
 
 void serialize_text_buf::append_uint64(const unsigned long long& value) {
-  append_decimal(m_content, value, false);
+  append_decimal(m_content, value);
 }
 
 void serialize_text_buf::append_float(const float& value, const unsigned int& precision) {
@@ -218,7 +214,7 @@ void serialize_text_buf::append_double(const double& value, const unsigned int& 
 
 void serialize_text_buf::append_string(const std::string& value) {
   reserve_more(m_content, number_buffer_size + value.size() + 1);
-  append_decimal(m_content, static_cast<unsigned long long>(value.size()), false);
+  append_decimal(m_content, static_cast<unsigned long long>(value.size()));
   m_content += value;
   m_content.push_back(separator);
 }

@@ -51,17 +51,12 @@ inline bool writable_radix(unsigned int radix) {
 }
 
 // Decimal, by far the most used radix, takes its own path without a call or a branch on the
-// sign: the "-" is always stored and then overwritten by the first digit of a value that is
-// not negative (the buffer holds at least a digit and the terminator).
+// sign.
 template <typename S, typename C>
 C* write_signed(S value, C* buffer, unsigned int radix) {
   using U = std::make_unsigned_t<S>;
   if (radix == 10) {
-    const U negative = value < 0 ? 1 : 0;
-    const U mask = static_cast<U>(U(0) - negative);  // all ones for a negative value
-    const U magnitude = static_cast<U>((static_cast<U>(value) ^ mask) - mask);
-    *buffer = static_cast<C>('-');
-    _private::write_decimal(magnitude, buffer + negative);
+    _private::write_signed_decimal(value, buffer);
     return buffer;
   }
   if (!writable_radix(radix)) {

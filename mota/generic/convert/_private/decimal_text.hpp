@@ -1,11 +1,13 @@
 // Not part of the public interface.
 //
-// Decimal text of an unsigned value, written from its far end two digits at a time into an
-// element buffer of char, unsigned short or wchar_t.
+// Decimal text of an integer, written from its far end two digits at a time into an element
+// buffer of char, unsigned short or wchar_t.
 #ifndef MOTA_GENERIC_CONVERT_PRIVATE_DECIMAL_TEXT_HPP
 #define MOTA_GENERIC_CONVERT_PRIVATE_DECIMAL_TEXT_HPP
 
 #include <mota/generic/convert/_private/decimal_length.hpp>
+
+#include <type_traits>
 
 namespace MOTA_2_18 {
 namespace generic {
@@ -39,6 +41,20 @@ inline C* write_decimal(U value, C* out) {
     p[-1] = static_cast<C>('0' + static_cast<unsigned int>(value));
   }
   return end;
+}
+
+// Writes "-" when `value` is negative, then its digits and a terminating zero at `out`; returns
+// the terminator's place. No branch on the sign: the "-" is always stored and then overwritten
+// by the first digit of a value that is not negative. `out` must hold the digits, the sign and
+// the terminator.
+template <typename S, typename C>
+inline C* write_signed_decimal(S value, C* out) {
+  using U = std::make_unsigned_t<S>;
+  const U negative = value < 0 ? 1 : 0;
+  const U mask = static_cast<U>(U(0) - negative);  // all ones for a negative value
+  const U magnitude = static_cast<U>((static_cast<U>(value) ^ mask) - mask);
+  *out = static_cast<C>('-');
+  return write_decimal(magnitude, out + negative);
 }
 
 }  // namespace _private
