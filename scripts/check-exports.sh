@@ -4,7 +4,9 @@
 #   - debug::_private: the entry points the MOTA_ASSERT macro expands to and the hook state
 #     that debug/assert.hpp declares;
 #   - i18n::_private::xmc_file_loader: message_catalogs.hpp includes the loader's header and
-#     takes its load_error (whose inline constructor calls format_msg) in result_type.
+#     takes its load_error (whose inline constructor calls format_msg) in result_type;
+#   - types::_private: the value pool's per-thread state and its two slow paths, which the
+#     variant's inline number constructors and destructor reach.
 # Usage: check-exports.sh LIBRARY
 set -euo pipefail
 library=${1:?usage: check-exports.sh LIBRARY}
@@ -13,6 +15,7 @@ allowed='^(typeinfo (name )?for )?MOTA_2_18::('
 allowed+='debug::_private::(____________________ASSERT____________________|'
 allowed+='_______________CONTEXT__ASSERT________________|native_assert|g_assert_callback)\b|'
 allowed+='i18n::_private::xmc_file_loader::|'
+allowed+='types::_private::(value_pool|take_value_block_from_heap\(\)|give_value_block_slowly\(void\*\))$|'
 allowed+='i18n::message_catalogs::result_type::result_type\(MOTA_2_18::i18n::_private::xmc_file_loader::load_error const&\)$'
 allowed+=')'
 

@@ -63,6 +63,9 @@ class rc_pointer {
   void reset(T* object = nullptr) { rc_pointer(object).swap(*this); }
   void swap(rc_pointer& other) noexcept { std::swap(m_object, other.m_object); }
   //@}
+  // Empties the pointer without dropping its reference, which passes to the caller with the
+  // returned object (null when the pointer was empty).
+  T* detach() noexcept { return std::exchange(m_object, nullptr); }
 
   //@{
   // The object (null when empty); * and -> must not be used on an empty pointer.

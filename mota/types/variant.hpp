@@ -11,12 +11,16 @@
 #include <mota/export.hpp>
 #include <mota/memory/rc_pointer.hpp>
 #include <mota/strings/ustring.hpp>
+#include <mota/types/_private/value_pool.hpp>
 #include <mota/types/nil.hpp>
 #include <mota/types/variant_type.hpp>
+#include <mota/types/variant_value.hpp>
 
 #include <cstdint>
 #include <iosfwd>
+#include <new>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 
 namespace MOTA_2_18 {
@@ -41,19 +45,20 @@ class MOTA_API variant {
   variant(nil_t const&);  // NOLINT: implicit on purpose, as are the value constructors
 
   //@{
-  // Holds a copy of `value` in its own type.
-  variant(bool value);  // NOLINT
-  variant(signed char const& value);
-  variant(short const& value);
-  variant(int const& value);
-  variant(long long const& value);
-  variant(unsigned char const& value);
-  variant(unsigned short const& value);
-  variant(unsigned int const& value);
-  variant(unsigned long long const& value);
-  variant(float const& value);
-  variant(double const& value);
-  variant(long double const& value);
+  // Holds a copy of `value` in its own type. Inline: the value object takes a block from the
+  // calling thread's pool, which in the common case needs no call at all.
+  variant(bool value) : m_value(make_pooled(value)) {}  // NOLINT
+  variant(signed char const& value) : m_value(make_pooled(value)) {}
+  variant(short const& value) : m_value(make_pooled(value)) {}
+  variant(int const& value) : m_value(make_pooled(value)) {}
+  variant(long long const& value) : m_value(make_pooled(value)) {}
+  variant(unsigned char const& value) : m_value(make_pooled(value)) {}
+  variant(unsigned short const& value) : m_value(make_pooled(value)) {}
+  variant(unsigned int const& value) : m_value(make_pooled(value)) {}
+  variant(unsigned long long const& value) : m_value(make_pooled(value)) {}
+  variant(float const& value) : m_value(make_pooled(value)) {}
+  variant(double const& value) : m_value(make_pooled(value)) {}
+  variant(long double const& value) : m_value(make_pooled(value)) {}
   //@}
 
   // Zero-terminated UTF-8; a null pointer throws std::logic_error
@@ -72,7 +77,16 @@ class MOTA_API variant {
   variant(std::wstring const& text);
   //@}
 
-  ~variant() = default;
+  // Drops the reference. The last variant of a pooled value gives its block back without a
+  // call; any other value object is deleted through its virtual destructor.
+  ~variant() {
+    variant_type* const value = m_value.detach();
+    if (value == nullptr || !value->release_reference()) return;
+    if (value->releases_to_pool())
+      _private::give_value_block(value);
+    else
+      delete value;
+  }
 
   // The type information of the held type (that of nil_t for nil).
   std::type_info const& type() const { return held().type(); }
@@ -156,6 +170,20 @@ class MOTA_API variant {
   variant_type const& held() const { return m_value ? *m_value : empty_value(); }
 
  private:
+  // The value object of a small value (nil, a boolean, a number), built in a block of the
+  // calling thread's pool, owned by its pointers and marked to go back there.
+  template <class T>
+  static variant_type* make_pooled(T const& value) {
+    static_assert(sizeof(variant_value_t<T>) <= _private::pooled_value_size &&
+                      std::is_nothrow_copy_constructible_v<T> &&
+                      std::is_trivially_destructible_v<T>,
+                  "a pooled value is built without throwing and released without its destructor");
+    auto* const object = new (_private::take_value_block()) variant_value_t<T>(value);
+    object->delete_on_zero(true);
+    object->mark_releases_to_pool();
+    return object;
+  }
+
   static variant_type const& empty_value() noexcept;
 
   // type_info equality with nil_t's; names that differ in their first character are told

@@ -88,6 +88,11 @@ class MOTA_API variant_type
   static void operator delete(void*, void*) noexcept {}
   //@}
 
+  // True for a value object that the variant built in a pooled block and whose destructor has
+  // nothing to do (nil, booleans, numbers): the last variant releasing it gives the block
+  // straight back instead of calling the destructor through the virtual table.
+  bool releases_to_pool() const { return spare_byte() != 0; }
+
  protected:
   //@{
   // Only the derived value objects are made or copied; a copy starts uncounted.
@@ -95,7 +100,14 @@ class MOTA_API variant_type
   variant_type(variant_type const&) = default;
   variant_type& operator=(variant_type const&) = delete;
   //@}
+
+  // Marks the object as releases_to_pool() describes; only the variant does, as it builds one.
+  void mark_releases_to_pool() { spare_byte(1); }
+  friend class variant;
 };
+
+static_assert(sizeof(generic::abilities::reference_count_pointer_ability<variant_type>) == 8,
+              "the pool mark must fit beside the delete flag");
 
 }  // namespace types
 }  // namespace MOTA_2_18

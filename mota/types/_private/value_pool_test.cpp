@@ -88,3 +88,16 @@ TEST(ValuePool, ValuesMadeOnOneThreadAreReleasedOnAnother) {
 }
 
 }  // namespace
+
+// Only the small values skip their destructor on release; a text's must run, and a copy made by
+// clone() starts unmarked whatever it holds.
+TEST(ValuePool, OnlySmallValuesGoBackWithoutTheirDestructor) {
+  for (const variant& small : {variant(), variant(true), variant(7), variant(2.5L)})
+    EXPECT_TRUE(small.held().releases_to_pool()) << small.type().name();
+  EXPECT_FALSE(variant("a text longer than the small-string buffer").held().releases_to_pool());
+  EXPECT_FALSE(variant(std::wstring(L"wide")).held().releases_to_pool());
+  mota::types::variant_type* const copy = variant(7).held().clone();
+  EXPECT_FALSE(copy->releases_to_pool());
+  EXPECT_EQ(copy->as_int(), 7);
+  delete copy;
+}
