@@ -52,13 +52,12 @@ class reference_count_pointer_ability {
   ~reference_count_pointer_ability() = default;
   //@}
 
-  //@{
   // One byte of the derived class's own, 0 until it sets it and 0 again in a copy. It sits
   // between the flag and the count, where the count's alignment leaves room anyway, so the
   // object's size and the places of the flag and the count stay as they are.
   std::uint8_t spare_byte() const { return m_spare_byte; }
+  // Sets the derived class's byte.
   void spare_byte(std::uint8_t value) { m_spare_byte = value; }
-  //@}
 
  private:
   bool m_delete_on_zero = false;
