@@ -87,8 +87,6 @@ TEST(ValuePool, ValuesMadeOnOneThreadAreReleasedOnAnother) {
   EXPECT_EQ(after.as_int(), 7);
 }
 
-}  // namespace
-
 // Only the small values skip their destructor on release; a text's must run, and a copy made by
 // clone() starts unmarked whatever it holds.
 TEST(ValuePool, OnlySmallValuesGoBackWithoutTheirDestructor) {
@@ -101,3 +99,5 @@ TEST(ValuePool, OnlySmallValuesGoBackWithoutTheirDestructor) {
   EXPECT_EQ(copy->as_int(), 7);
   delete copy;
 }
+
+}  // namespace
