@@ -6,7 +6,7 @@
 #   - i18n::_private::xmc_file_loader: message_catalogs.hpp includes the loader's header and
 #     takes its load_error (whose inline constructor calls format_msg) in result_type;
 #   - types::_private: the value pool's per-thread state and its two slow paths, which the
-#     variant's inline number constructors and destructor reach.
+#     variant's inline number constructors and the value objects' inline release reach.
 # Usage: check-exports.sh LIBRARY
 set -euo pipefail
 library=${1:?usage: check-exports.sh LIBRARY}

@@ -1,6 +1,7 @@
 // An intrusive reference-counting pointer to objects that carry
 // generic::abilities::reference_count_pointer_ability<T>. Copies raise the object's count;
-// the pointer that drops the count from 1 to 0 deletes the object if its delete flag is set.
+// the pointer that drops the count from 1 to 0 destroys the object (T::destroy_released, which
+// deletes it unless T says otherwise) if its delete flag is set.
 // Counts are not atomic: objects shared through rc_pointer belong to one thread at a time.
 //
 //   rc_pointer<variant_type> a(new_value);   // count 1
@@ -63,9 +64,6 @@ class rc_pointer {
   void reset(T* object = nullptr) { rc_pointer(object).swap(*this); }
   void swap(rc_pointer& other) noexcept { std::swap(m_object, other.m_object); }
   //@}
-  // Empties the pointer without dropping its reference, which passes to the caller with the
-  // returned object (null when the pointer was empty).
-  T* detach() noexcept { return std::exchange(m_object, nullptr); }
 
   //@{
   // The object (null when empty); * and -> must not be used on an empty pointer.
@@ -92,7 +90,7 @@ class rc_pointer {
   }
   void release() {
     T* object = std::exchange(m_object, nullptr);
-    if (object != nullptr && object->release_reference()) delete object;
+    if (object != nullptr && object->release_reference()) T::destroy_released(object);
   }
 
   T* m_object = nullptr;

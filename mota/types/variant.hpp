@@ -77,16 +77,7 @@ class MOTA_API variant {
   variant(std::wstring const& text);
   //@}
 
-  // Drops the reference. The last variant of a pooled value gives its block back without a
-  // call; any other value object is deleted through its virtual destructor.
-  ~variant() {
-    variant_type* const value = m_value.detach();
-    if (value == nullptr || !value->release_reference()) return;
-    if (value->releases_to_pool())
-      _private::give_value_block(value);
-    else
-      delete value;
-  }
+  ~variant() = default;
 
   // The type information of the held type (that of nil_t for nil).
   std::type_info const& type() const { return held().type(); }

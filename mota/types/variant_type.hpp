@@ -12,6 +12,7 @@
 #include <mota/generic/abilities/clone_ability.hpp>
 #include <mota/generic/abilities/reference_count_pointer_ability.hpp>
 #include <mota/strings/ustring.hpp>
+#include <mota/types/_private/value_pool.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -89,9 +90,17 @@ class MOTA_API variant_type
   //@}
 
   // True for a value object that the variant built in a pooled block and whose destructor has
-  // nothing to do (nil, booleans, numbers): the last variant releasing it gives the block
+  // nothing to do (nil, booleans, numbers): the last pointer releasing it gives the block
   // straight back instead of calling the destructor through the virtual table.
   bool releases_to_pool() const { return spare_byte() != 0; }
+  // The release of every value object by its pointers: as above for the pooled ones, through
+  // the virtual destructor for the others.
+  static void destroy_released(variant_type* value) {
+    if (value->releases_to_pool())
+      _private::give_value_block(value);
+    else
+      delete value;
+  }
 
  protected:
   //@{

@@ -39,6 +39,10 @@ class reference_count_pointer_ability {
     return before == 1 && m_delete_on_zero;
   }
 
+  // How rc_pointer destroys an object after release_reference() said so. rc_pointer names it
+  // through T, so a T that frees some of its objects another way declares its own.
+  static void destroy_released(T* object) { delete object; }
+
  protected:
   // An uncounted object that no pointer deletes.
   reference_count_pointer_ability() = default;

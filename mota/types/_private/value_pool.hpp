@@ -1,5 +1,5 @@
-// Not part of the public interface (installed because variant.hpp includes it: a variant of a
-// number is built and released inline, in the caller).
+// Not part of the public interface (installed because variant.hpp and variant_type.hpp include
+// it: a variant of a number is built and released inline, in the caller).
 //
 // Storage for the small value objects of types::variant (nil, booleans, numbers): a variant made
 // from an int would otherwise cost a heap allocation and a release every time. Each thread keeps
